@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Guards.h"
+
+#include <cstring>
+
+/// A resource's bytes, in place in its module.
+struct ResourceBytes
+{
+    DWORD size = 0;
+    HGLOBAL hResource = nullptr;  ///< null when the resource is missing or empty
+    const void* pBytes = nullptr; ///< null when it can't be read
+};
+
+/// Finds, loads and locks a resource.
+/// @param module  gives the module; asked before each call that takes one, because it may change in between.
+/// @param nResourceId  integer resource ID, of which the low 16 bits are used.
+template<class ModuleSource>
+[[nodiscard]] ResourceBytes FindResourceBytes(ModuleSource module, UINT nResourceId, LPCWSTR pszType)
+{
+    ResourceBytes found;
+    const HRSRC hInfo = ::FindResourceW(module(), MAKEINTRESOURCEW(nResourceId), pszType);
+    if (!hInfo)
+        return found;
+    found.size = ::SizeofResource(module(), hInfo);
+    if (found.size == 0)
+        return found;
+    found.hResource = ::LoadResource(module(), hInfo);
+    if (found.hResource)
+        found.pBytes = ::LockResource(found.hResource);
+    return found;
+}
+
+/// Copies bytes into a movable memory block of their own, as a stream wants it.
+/// @return the unlocked block; null when memory is short.
+[[nodiscard]] inline UniqueGlobalMemory CopyToGlobalMemory(const void* pBytes, DWORD size)
+{
+    UniqueGlobalMemory block(::GlobalAlloc(GMEM_MOVEABLE, size));
+    if (!block)
+        return nullptr;
+    void* const pBlock = ::GlobalLock(block.get());
+    if (!pBlock)
+        return nullptr;
+    std::memcpy(pBlock, pBytes, size);
+    ::GlobalUnlock(block.get());
+    return block;
+}
