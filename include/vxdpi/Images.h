@@ -31,9 +31,10 @@ struct ResourceInfo
     }
     virtual ~ResourceInfo() = default;
 
-    UINT nDpi = 0;            ///< dots per inch that the resource is drawn for
-    UINT nResourceId = 0;     ///< the owner's resource ID
-    std::vector<UINT> values; ///< the owner's numbers, as registered (icons: the pixel sizes that the resource offers)
+    UINT nDpi = 0;        ///< dots per inch that the resource is drawn for
+    UINT nResourceId = 0; ///< the owner's resource ID
+    std::vector<UINT>
+        values; ///< the owner's numbers, as registered (icons: the pixel sizes that the resource offers)
 };
 
 /// The registered resources of one picture, one per DPI, and the DPI that look-ups aim at.
@@ -78,6 +79,7 @@ protected:
 private:
     UINT m_nCurrentDpi;
     UINT m_nReserved;
-    std::mutex* m_pMutex;                   // null when it could not be allocated: the registry then stays empty
-    std::vector<ResourceInfo*>* m_pEntries; // in order of registration, at most one per DPI; guarded by *m_pMutex
+    std::mutex* m_pMutex; // null when it could not be allocated: the registry then stays empty
+    std::vector<ResourceInfo*>*
+        m_pEntries; // in order of registration, at most one per DPI; guarded by *m_pMutex
 };

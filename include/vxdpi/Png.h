@@ -117,7 +117,8 @@ public:
     /// @param prcSource  the part to draw, in pixels of the scaled picture; null for all of it.
     /// @param pSize  receives the size of the whole scaled picture in device pixels; may be null.
     /// @return as above.
-    BOOL DrawPngInDC(HDC hdc, UINT nDpi, int x, int y, int cx, int cy, const RECT* prcSource, Gdiplus::Size* pSize);
+    BOOL DrawPngInDC(HDC hdc, UINT nDpi, int x, int y, int cx, int cy, const RECT* prcSource,
+                     Gdiplus::Size* pSize);
 
     /// Draws the best entry's picture, scaled by nDpi / entry's DPI, into a metafile's device context, as a single
     /// AlphaBlend record.

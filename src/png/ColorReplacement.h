@@ -37,7 +37,8 @@ inline void ReplaceInRun(DWORD* pPixels, std::size_t count, DWORD color)
         const __m128i pixels = _mm_loadu_si128(pBlock);
         const __m128i transparent = _mm_cmpeq_epi32(_mm_srli_epi32(pixels, kAlphaShift), _mm_setzero_si128());
         const __m128i replaced = _mm_andnot_si128(transparent, colorMask);
-        _mm_storeu_si128(pBlock, _mm_or_si128(_mm_andnot_si128(replaced, pixels), _mm_and_si128(colors, replaced)));
+        _mm_storeu_si128(pBlock,
+                         _mm_or_si128(_mm_andnot_si128(replaced, pixels), _mm_and_si128(colors, replaced)));
     }
     ReplaceInRunPlain(pPixels + inBlocks, count - inBlocks, color);
 }

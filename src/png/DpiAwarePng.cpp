@@ -120,10 +120,11 @@ Gdiplus::Bitmap* CDpiAwarePng::ReplaceColor(UINT nDpi, Gdiplus::Color color)
     if (!bitmap)
         return nullptr;
 
-    const Gdiplus::Rect whole(0, 0, static_cast<INT>(bitmap->GetWidth()), static_cast<INT>(bitmap->GetHeight()));
+    const Gdiplus::Rect whole(0, 0, static_cast<INT>(bitmap->GetWidth()),
+                              static_cast<INT>(bitmap->GetHeight()));
     const auto lock = std::make_unique<Gdiplus::BitmapData>();
-    if (bitmap->LockBits(&whole, Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeWrite, PixelFormat32bppARGB,
-                         lock.get()) != Gdiplus::Ok)
+    if (bitmap->LockBits(&whole, Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeWrite,
+                         PixelFormat32bppARGB, lock.get()) != Gdiplus::Ok)
     {
         bitmap.release(); // kept by contract: the decoded bitmap outlives a failed lock
         return nullptr;
@@ -142,10 +143,12 @@ void CDpiAwarePng::SafeDeleteHBitmap(HBITMAP& hBitmap)
 
 Gdiplus::Bitmap* CDpiAwarePng::CreateBitmapFromPngResource(UINT nResourceId)
 {
-    return DecodePngResource(nResourceId, [] { return AfxGetResourceHandle(); }, OnShortMemory::FreeResource);
+    return DecodePngResource(
+        nResourceId, [] { return AfxGetResourceHandle(); }, OnShortMemory::FreeResource);
 }
 
 Gdiplus::Bitmap* CDpiAwarePng::CreateBitmapFromPngResource(UINT nResourceId, HINSTANCE hInstance)
 {
-    return DecodePngResource(nResourceId, [hInstance] { return hInstance; }, OnShortMemory::KeepResource);
+    return DecodePngResource(
+        nResourceId, [hInstance] { return hInstance; }, OnShortMemory::KeepResource);
 }
