@@ -44,7 +44,8 @@ inline void ReplaceInRun(DWORD* pPixels, std::size_t count, DWORD color)
 }
 
 /// @param pScan0  the first row.
-/// @param nStride  bytes from one row to the next; may be negative. Bytes beyond a row's pixels are not touched.
+/// @param nStride  bytes from one row to the next; may be negative. Bytes beyond a row's pixels are not
+///        touched.
 inline void ReplaceInImage(void* pScan0, UINT nWidth, UINT nHeight, INT nStride, DWORD color)
 {
     const std::size_t width = nWidth;

@@ -1,7 +1,7 @@
 #pragma once
 
-// The value types of the platform's <windef.h>, in their sizes on 64-bit Windows, so that the library's arithmetic
-// compiles natively.
+// The value types of the platform's <windef.h>, in their sizes on 64-bit Windows, so that the library's
+// arithmetic compiles natively.
 
 #include <cstdint>
 
