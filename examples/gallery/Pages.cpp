@@ -1,0 +1,33 @@
+#include "Pages.h"
+
+#include "pages/MonitorPage.h"
+#include "pages/PngPage.h"
+
+namespace
+{
+template<class Page>
+std::unique_ptr<CGalleryPage> MakePage(const CGalleryStyle& style)
+{
+    return std::make_unique<Page>(style);
+}
+} // namespace
+
+const std::vector<PageEntry>& GalleryPages()
+{
+    static const std::vector<PageEntry> pages = {
+        {L"Monitor", &MakePage<CMonitorPage>},
+        {L"PNG images", &MakePage<CPngPage>},
+    };
+    return pages;
+}
+
+int FindPage(const CString& name)
+{
+    const std::vector<PageEntry>& pages = GalleryPages();
+    for (size_t i = 0; i < pages.size(); ++i)
+    {
+        if (name.CompareNoCase(pages[i].pszName) == 0)
+            return static_cast<int>(i);
+    }
+    return kNoPage;
+}

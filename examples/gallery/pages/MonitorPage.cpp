@@ -1,0 +1,307 @@
+#include "MonitorPage.h"
+
+#include "../PageGrid.h"
+#include "../Pictures.h"
+#include "../resource.h"
+
+#include <vxdpi/Dpi.h>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace
+{
+const CSize kDesignSize(600, 556);
+constexpr UINT kBaseDpi = 96;
+
+const CSize kIllustrationSize(176, 112);
+constexpr int kIllustrationTop = 16;
+constexpr int kCardsTop = 144;
+constexpr int kCardHeight = 60;
+constexpr int kCardGap = 12;
+constexpr int kCardPadding = 12;
+constexpr int kColumnsTop = 224;
+constexpr int kRowHeight = 21;
+constexpr int kSectionGap = 16;
+
+constexpr COLORREF kBezelColor = RGB(30, 41, 59);
+constexpr COLORREF kTaskBarColor = RGB(148, 163, 184);
+
+// What the page shows, asked once per drawing.
+struct MonitorFacts
+{
+    UINT nDpi;
+    CRect monitor;
+    CRect workArea;
+    CRect window;
+    bool bGdiPlusRuns;
+    bool bTokenHeld;
+};
+
+MonitorFacts AskFacts(const CWnd& page)
+{
+    const CWnd* const pFrame = page.GetTopLevelParent();
+    MonitorFacts facts = {};
+    facts.nDpi = VxSafeGetDpiForWindow(pFrame->GetSafeHwnd());
+    pFrame->GetWindowRect(&facts.window);
+
+    MONITORINFO info = {};
+    info.cbSize = sizeof info;
+    ::GetMonitorInfo(::MonitorFromWindow(pFrame->GetSafeHwnd(), MONITOR_DEFAULTTONEAREST), &info);
+    facts.monitor = info.rcMonitor;
+    facts.workArea = info.rcWork;
+
+    // GDI+ refuses every object until it was started.
+    Gdiplus::Bitmap probe(1, 1, PixelFormat32bppARGB);
+    facts.bGdiPlusRuns = probe.GetLastStatus() == Gdiplus::Ok;
+    ULONG_PTR token = 0;
+    facts.bTokenHeld = GetGdiPlusTokenFromVxDpi(token) != FALSE;
+    return facts;
+}
+
+CString FormatSize(const CSize& size)
+{
+    CString text;
+    text.Format(L"%d \u00D7 %d", size.cx, size.cy);
+    return text;
+}
+
+CString FormatPlace(const CRect& rect)
+{
+    CString text;
+    text.Format(L"%d, %d  \u2013  %d, %d", rect.left, rect.top, rect.right, rect.bottom);
+    return text;
+}
+
+CString FormatNumber(LPCTSTR pszFormat, int value)
+{
+    CString text;
+    text.Format(pszFormat, value);
+    return text;
+}
+
+void DrawCard(const CCanvas& canvas, const CRect& area, LPCTSTR pszName, LPCTSTR pszValue)
+{
+    canvas.Panel(area, palette::kPanel, palette::kLine);
+    CRect inside(area);
+    inside.DeflateRect(kCardPadding, kCardPadding - 2);
+    canvas.Text(inside, pszName, TextRole::Caption, palette::kMuted, DT_LEFT | DT_SINGLELINE | DT_TOP);
+    canvas.Text(inside, pszValue, TextRole::Figure, palette::kAccent, DT_LEFT | DT_SINGLELINE | DT_BOTTOM);
+}
+
+void DrawCards(const CCanvas& canvas, int width, const MonitorFacts& facts)
+{
+    struct Card
+    {
+        LPCTSTR pszName;
+        CString value;
+        int share; // of the width that all cards have together
+    };
+    const Card cards[] = {
+        {L"DPI of this window", FormatNumber(L"%d", static_cast<int>(facts.nDpi)), 10},
+        {L"Scale", FormatNumber(L"%d %%", ::MulDiv(100, static_cast<int>(facts.nDpi), kBaseDpi)), 7},
+        {L"Monitor", FormatSize(facts.monitor.Size()), 12},
+        {L"GDI+", facts.bGdiPlusRuns ? L"running" : L"stopped", 8},
+    };
+    constexpr int kCount = static_cast<int>(std::size(cards));
+    constexpr int kAllShares = 37;
+    const int cardsWidth = width - 2 * grid::kMargin - (kCount - 1) * kCardGap;
+    const auto toWidth = [=](int shares) { return ::MulDiv(cardsWidth, shares, kAllShares); };
+    int left = grid::kMargin;
+    int shares = 0;
+    for (const Card& card : cards)
+    {
+        const int right = left + toWidth(shares + card.share) - toWidth(shares);
+        DrawCard(canvas, CRect(left, kCardsTop, right, kCardsTop + kCardHeight), card.pszName, card.value);
+        left = right + kCardGap;
+        shares += card.share;
+    }
+}
+
+void DrawRow(const CCanvas& canvas, const CRect& area, LPCTSTR pszName, LPCTSTR pszValue)
+{
+    constexpr UINT kFormat = DT_SINGLELINE | DT_VCENTER;
+    canvas.Text(area, pszName, TextRole::Body, palette::kMuted, kFormat | DT_LEFT);
+    canvas.Text(area, pszValue, TextRole::Body, palette::kInk, kFormat | DT_RIGHT);
+}
+
+// @return the bottom of what was drawn.
+int DrawPlaces(const CCanvas& canvas, const CRect& column, const MonitorFacts& facts)
+{
+    canvas.Heading(column, L"Rectangles", L"pixels");
+    CRect row(column.left, column.top + grid::kHeadingHeight + 4, column.right, 0);
+    row.bottom = row.top + kRowHeight;
+    const std::pair<LPCTSTR, CString> rows[] = {
+        {L"Monitor", FormatPlace(facts.monitor)},
+        {L"Work area", FormatPlace(facts.workArea)},
+        {L"This window", FormatPlace(facts.window)},
+        {L"Its size", FormatSize(facts.window.Size())},
+        {L"Its size at 96 DPI", FormatSize(canvas.Style().ToUnits(facts.window.Size()))},
+        {L"GDI+ token in the library", facts.bTokenHeld ? L"held" : L"none"},
+    };
+    for (const auto& [pszName, value] : rows)
+    {
+        DrawRow(canvas, row, pszName, value);
+        row.OffsetRect(0, kRowHeight);
+    }
+    return row.top;
+}
+
+void DrawMetrics(const CCanvas& canvas, const CRect& column, UINT nDpi)
+{
+    struct Metric
+    {
+        LPCTSTR pszName;
+        int nIndex;
+    };
+    constexpr Metric kMetrics[] = {
+        {L"Caption height", SM_CYCAPTION},
+        {L"Sizing border", SM_CXSIZEFRAME},
+        {L"Scroll bar width", SM_CXVSCROLL},
+        {L"Small icon", SM_CXSMICON},
+        {L"Icon", SM_CXICON},
+    };
+    constexpr int kValueWidth = 56;
+    constexpr UINT kFormat = DT_SINGLELINE | DT_VCENTER | DT_RIGHT;
+
+    const CRect heading(column.left, column.top, column.right, column.top + grid::kHeadingHeight);
+    canvas.Heading(column, L"System metrics");
+    CRect now(column.right - kValueWidth, heading.top, column.right, heading.bottom);
+    CRect base(now);
+    base.OffsetRect(-kValueWidth, 0);
+    canvas.Text(base, L"96 DPI", TextRole::Caption, palette::kMuted, kFormat);
+    canvas.Text(now, FormatNumber(L"%d DPI", static_cast<int>(nDpi)), TextRole::Caption, palette::kAccent,
+                kFormat);
+
+    int top = heading.bottom + 4;
+    for (const Metric& metric : kMetrics)
+    {
+        const CRect row(column.left, top, column.right, top + kRowHeight);
+        const CString valueNow = FormatNumber(L"%d", ::GetSystemMetricsForDpi(metric.nIndex, nDpi));
+        const CString valueBase = FormatNumber(L"%d", ::GetSystemMetricsForDpi(metric.nIndex, kBaseDpi));
+        DrawRow(canvas, row, metric.pszName, valueNow);
+        canvas.Text(CRect(base.left, row.top, base.right, row.bottom), valueBase, TextRole::Body,
+                    palette::kMuted, kFormat);
+        top += kRowHeight;
+    }
+}
+
+// Maps the monitor's pixels into a box of the page, keeping the proportions.
+class MonitorMap
+{
+public:
+    MonitorMap(const CRect& monitor, const CRect& box)
+        : m_monitor(monitor), m_origin(box.TopLeft()),
+          m_size(box.Width(), ::MulDiv(box.Width(), monitor.Height(), std::max(monitor.Width(), 1)))
+    {
+        if (m_size.cy <= box.Height())
+            return;
+        m_size = CSize(::MulDiv(box.Height(), monitor.Width(), std::max(monitor.Height(), 1)), box.Height());
+    }
+
+    CRect Area() const { return CRect(m_origin, m_size); }
+
+    // @return where a rectangle of the monitor lies on the page, cut off at the monitor's edges.
+    CRect Place(const CRect& rect) const
+    {
+        CRect visible;
+        if (!visible.IntersectRect(rect, m_monitor))
+            return CRect(m_origin, CSize(0, 0));
+        return CRect(PlaceX(visible.left), PlaceY(visible.top), PlaceX(visible.right),
+                     PlaceY(visible.bottom));
+    }
+
+private:
+    int PlaceX(int x) const
+    {
+        return m_origin.x + ::MulDiv(x - m_monitor.left, m_size.cx, std::max(m_monitor.Width(), 1));
+    }
+
+    int PlaceY(int y) const
+    {
+        return m_origin.y + ::MulDiv(y - m_monitor.top, m_size.cy, std::max(m_monitor.Height(), 1));
+    }
+
+    CRect m_monitor;
+    CPoint m_origin;
+    CSize m_size;
+};
+
+void DrawLegendEntry(const CCanvas& canvas, CRect& row, COLORREF color, LPCTSTR pszText)
+{
+    constexpr int kSwatchSize = 11;
+    constexpr int kSwatchGap = 8;
+    const CPoint corner(row.left, row.top + (row.Height() - kSwatchSize) / 2);
+    canvas.Fill(CRect(corner, CSize(kSwatchSize, kSwatchSize)), color);
+    const CRect text(row.left + kSwatchSize + kSwatchGap, row.top, row.right, row.bottom);
+    canvas.Text(text, pszText, TextRole::Body, palette::kMuted, DT_LEFT | DT_SINGLELINE | DT_VCENTER);
+    row.OffsetRect(0, kRowHeight);
+}
+
+void DrawWindowOnMap(const CCanvas& canvas, const CRect& window)
+{
+    constexpr int kCaptionHeight = 8;
+    constexpr int kSidebarShare = 4;
+    canvas.Fill(window, palette::kPaper);
+    const CRect sidebar(window.left, window.top, window.left + window.Width() / kSidebarShare, window.bottom);
+    canvas.Fill(sidebar, palette::kLine);
+    canvas.Fill(CRect(window.left, window.top, window.right, window.top + kCaptionHeight), palette::kAccent);
+    canvas.Frame(window, palette::kAccent);
+}
+
+void DrawMap(const CCanvas& canvas, const CRect& column, const MonitorFacts& facts)
+{
+    constexpr int kBezel = 5;
+    constexpr int kLegendRows = 3;
+    canvas.Heading(column, L"Map", L"to scale");
+
+    CRect box(column.left, column.top + grid::kHeadingHeight + kSectionGap, column.right, column.bottom);
+    box.bottom -= kLegendRows * kRowHeight + kSectionGap;
+    box.DeflateRect(kBezel, kBezel);
+    const MonitorMap map(facts.monitor, box);
+    CRect bezel(map.Area());
+    bezel.InflateRect(kBezel, kBezel);
+    canvas.Panel(bezel, kBezelColor, kBezelColor);
+    canvas.Fill(map.Area(), kTaskBarColor);
+    canvas.Fill(map.Place(facts.workArea), palette::kAccentPale);
+    DrawWindowOnMap(canvas, map.Place(facts.window));
+
+    CRect row(column.left, bezel.bottom + kSectionGap - 4, column.right, 0);
+    row.bottom = row.top + kRowHeight;
+    DrawLegendEntry(canvas, row, palette::kAccentPale, L"work area");
+    DrawLegendEntry(canvas, row, kTaskBarColor, L"the rest of the monitor");
+    DrawLegendEntry(canvas, row, palette::kAccent, L"this window");
+}
+} // namespace
+
+CMonitorPage::CMonitorPage(const CGalleryStyle& style) : CGalleryPage(style, kDesignSize)
+{
+    AddVariants(m_illustration, IDR_MONITORS_96, IDR_MONITORS_144, IDR_MONITORS_192);
+}
+
+void CMonitorPage::OnFrameMoved()
+{
+    Redraw();
+}
+
+void CMonitorPage::DrawPage(const CCanvas& canvas, const CSize& size)
+{
+    const MonitorFacts facts = AskFacts(*this);
+
+    const CPoint illustration(size.cx - grid::kMargin - kIllustrationSize.cx, kIllustrationTop);
+    canvas.PageTitle(CRect(grid::kMargin, grid::kTitleTop, illustration.x - grid::kColumnGap, kCardsTop),
+                     L"Monitor",
+                     L"The DPI of the monitor that this window is on decides every size in it. "
+                     L"Move the window or change the scale: the page follows.");
+    m_illustration.DrawPngInDC(canvas.Dc(), canvas.Dpi(), canvas.PictureRect(illustration, kIllustrationSize),
+                               nullptr, nullptr);
+    DrawCards(canvas, size.cx, facts);
+
+    const CRect columns(grid::kMargin, kColumnsTop, size.cx - grid::kMargin, size.cy - grid::kMargin);
+    const CRect column = grid::Column(columns, 2, 0);
+    CRect metrics(column);
+    metrics.top = DrawPlaces(canvas, column, facts) + kSectionGap;
+    DrawMetrics(canvas, metrics, facts.nDpi);
+    DrawMap(canvas, grid::Column(columns, 2, 1), facts);
+}

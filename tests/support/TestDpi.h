@@ -1,0 +1,8 @@
+#pragma once
+
+#include <windows.h>
+
+// The system DPI of this process: what the environment variable VX_TEST_DPI announces, else what the system
+// says. Throws when the two differ, i.e. when the tests would run at another DPI than the one that they were
+// started for.
+UINT TestDpi();
