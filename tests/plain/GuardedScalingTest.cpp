@@ -47,6 +47,7 @@ TEST(GuardedScale, AProductAtTheLimitIsScaled)
     EXPECT_EQ(GuardedScale(kLargest, 1, 2), 1073741824);
     EXPECT_EQ(GuardedScale(kLargest / 2, 2, 2), kLargest / 2);
     EXPECT_EQ(GuardedScale(kSmallest + 1, 1, 2), -1073741824);
+    EXPECT_EQ(GuardedScale(kSmallest / 2, 2, 4), -536870912);
 }
 
 TEST(GuardedScale, AProductBeyondTheLimitLeavesTheValue)

@@ -150,6 +150,33 @@ TEST(Placement, BothAnchorsKeepBothMargins)
     EXPECT_EQ(Place(rule, {0, 0, 400, 300}, 1.5f), (RECT{220, 210, 370, 240}));
 }
 
+// The manager's steps can be replaced one by one, so each has to bring a rectangle from anywhere to its place.
+TEST(Placement, AnchoringMovesARectangleFromAnywhereAndKeepsItsSize)
+{
+    Placement::Rule rule = FixedButton();
+    RECT rect = {1000, 2000, 1070, 2030};
+    Placement::ApplyAnchor(rect, {0, 0, 400, 300}, rule, 1.5f);
+    EXPECT_EQ(rect, (RECT{15, 15, 85, 45}));
+
+    rule.followsRight = true;
+    rect = {1000, 2000, 1070, 2030};
+    Placement::ApplyAnchor(rect, {0, 0, 400, 300}, rule, 1.5f);
+    EXPECT_EQ(rect, (RECT{300, 2000, 370, 2030}));
+
+    rule.followsRight = false;
+    rule.followsBottom = true;
+    rect = {1000, 2000, 1070, 2030};
+    Placement::ApplyAnchor(rect, {0, 0, 400, 300}, rule, 1.5f);
+    EXPECT_EQ(rect, (RECT{1000, 210, 1070, 240}));
+}
+
+TEST(Placement, SizingKeepsTheTopLeftCornerWhereverItIs)
+{
+    RECT rect = {1000, 2000, 0, 0};
+    Placement::ApplySizePolicy(rect, {0, 0, 400, 300}, FixedButton(), 1.5f);
+    EXPECT_EQ(rect, (RECT{1000, 2000, 1150, 2030}));
+}
+
 // 11 pixels wide at 96 DPI from 1 to 12: the edges become 2 and 18, the width 17 (16.5 rounded up).
 TEST(Placement, TheSizeIsScaledFromTheDesignedSizeAndNotFromTheEdges)
 {
