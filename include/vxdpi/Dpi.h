@@ -3,8 +3,9 @@
 /// @file
 /// The DPI of a window, and the life of GDI+ in a process.
 ///
-/// VxSafeGetDpiForWindow is the one DPI query that the whole library uses; it never answers 0. The image families need
-/// a running GDI+. An application starts it in one of three ways, and ends it itself (unloading the library does not):
+/// VxSafeGetDpiForWindow is the one DPI query that the whole library uses; it never answers 0. The image
+/// families need a running GDI+. An application starts it in one of three ways, and ends it itself (unloading
+/// the library does not):
 ///
 ///     StartupGdiPlusByVxDpi();                  // at start ...
 ///     ShutdownGdiPlusByVxDpi();                 // ... and at exit
@@ -21,15 +22,16 @@
 
 /// Gives the DPI of the monitor that a window is on.
 /// @param hwnd  a window of any thread; may be null.
-/// @return dots per inch, never 0: the window's own DPI; 96 for a null handle or a window that is gone; the screen's
-///         horizontal LOGPIXELSX for a live window that has no DPI to tell, and 96 when the screen tells none either.
+/// @return dots per inch, never 0: the window's own DPI; 96 for a null handle or a window that is gone; the
+///         screen's horizontal LOGPIXELSX for a live window that has no DPI to tell, and 96 when the screen
+///         tells none either.
 /// Any thread may call it.
 VXDPI_API unsigned int VxSafeGetDpiForWindow(HWND hwnd);
 
 /// Starts GDI+ for the process and keeps its token in the library.
 ///
-/// Starts are not counted: a second call starts GDI+ once more and forgets the first token, which is then never shut
-/// down.
+/// Starts are not counted: a second call starts GDI+ once more and forgets the first token, which is then
+/// never shut down.
 /// @return TRUE when GDI+ started, else FALSE; the library then holds whatever token the failing start wrote.
 VXDPI_API int StartupGdiPlusByVxDpi();
 
@@ -44,15 +46,15 @@ VXDPI_API void ShutdownGdiPlusByVxDpi();
 VXDPI_API int GetGdiPlusTokenFromVxDpi(ULONG_PTR& token);
 
 /// Hands the library the token of a GDI+ start that the application made itself.
-/// @param token  as GdiplusStartup wrote it; ShutdownGdiPlusByVxDpi will shut it down. 0 is stored too, and leaves the
-///        library without a token.
+/// @param token  as GdiplusStartup wrote it; ShutdownGdiPlusByVxDpi will shut it down. 0 is stored too, and
+///        leaves the library without a token.
 /// @return TRUE, or FALSE with nothing changed when a token is held already.
 VXDPI_API int SetGdiPlusTokenToVxDpi(ULONG_PTR token);
 
 /// Runs GDI+ for the life of one object, apart from the token that the library holds for the process.
 ///
-/// Copying and assignment copy the token and start nothing, so that two objects share one start and each shuts it down
-/// when it dies.
+/// Copying and assignment copy the token and start nothing, so that two objects share one start and each
+/// shuts it down when it dies.
 class VXDPI_API CGdiPlusInitializer
 {
 public:

@@ -3,8 +3,8 @@
 /// @file
 /// PNG images that follow the DPI.
 ///
-/// CDpiAwarePng serves a picture that is stored as resources of type "PNG", one per DPI that it was drawn for: as a
-/// GDI+ bitmap, as a scaled HBITMAP, in another colour, or drawn into a device context:
+/// CDpiAwarePng serves a picture that is stored as resources of type "PNG", one per DPI that it was drawn
+/// for: as a GDI+ bitmap, as a scaled HBITMAP, in another colour, or drawn into a device context:
 ///
 ///     m_logo.AddResourceForDpi(96, IDR_LOGO_96, {});        // once, at start
 ///     m_logo.AddResourceForDpi(144, IDR_LOGO_144, {});
@@ -13,8 +13,8 @@
 ///     const UINT nDpi = VxSafeGetDpiForWindow(m_hWnd);
 ///     m_logo.DrawPngInDC(dc.m_hDC, nDpi, rcLogo, nullptr, nullptr);
 ///
-/// GDI+ must be running (see Dpi.h) for everything but registering. Nothing decoded is kept between calls. Resources
-/// come from the framework's current resource module unless an operation takes a module.
+/// GDI+ must be running (see Dpi.h) for everything but registering. Nothing decoded is kept between calls.
+/// Resources come from the framework's current resource module unless an operation takes a module.
 
 #include <vxdpi/Export.h>
 #include <vxdpi/GdiPlus.h>
@@ -25,9 +25,10 @@
 /// A picture in several "PNG" resources, one per DPI.
 ///
 /// Every operation that takes a DPI moves the object's current DPI there, picks the entry as
-/// CDpiAwareRes::FindBestResource does, and decodes the resource anew. The registry inside is locked; a thread that
-/// works with two DPIs on one object sees the last one set. Both assignments copy the registry as CDpiAwareRes does:
-/// the two objects then share its lock and its list, so let at most one of the two be destroyed.
+/// CDpiAwareRes::FindBestResource does, and decodes the resource anew. The registry inside is locked; a
+/// thread that works with two DPIs on one object sees the last one set. Both assignments copy the registry as
+/// CDpiAwareRes does: the two objects then share its lock and its list, so let at most one of the two be
+/// destroyed.
 class VXDPI_API CDpiAwarePng
 {
 public:
@@ -48,17 +49,19 @@ public:
 
     /// Decodes the best entry's picture and leaves it unscaled.
     /// @param nDpi  dots per inch.
-    /// @return a bitmap in the size that the resource has; the caller deletes it. Null when nothing is registered or the
-    ///         resource is missing or no image.
+    /// @return a bitmap in the size that the resource has; the caller deletes it. Null when nothing is
+    ///         registered or the resource is missing or no image.
     Gdiplus::Bitmap* GetGdiplusBitmap(UINT nDpi);
 
-    /// Decodes the best entry's picture and scales it by nDpi / entry's DPI; both sides are truncated to whole pixels.
+    /// Decodes the best entry's picture and scales it by nDpi / entry's DPI; both sides are truncated to
+    /// whole pixels.
     /// @param nDpi  dots per inch.
     /// @param pSize  receives the scaled size in device pixels; may be null.
     /// @param background  colour that transparent pixels are laid over.
-    /// @return a 32-bit bitmap that the caller frees with DeleteObject. Null, with *pSize untouched, when nothing is
-    ///         registered, the resource is missing or no image, or a side comes out as 0; in the last case the decoded
-    ///         bitmap stays allocated. Null with *pSize written when the conversion fails.
+    /// @return a 32-bit bitmap that the caller frees with DeleteObject. Null, with *pSize untouched, when
+    ///         nothing is registered, the resource is missing or no image, or a side comes out as 0; in the
+    ///         last case the decoded bitmap stays allocated. Null with *pSize written when the conversion
+    ///         fails.
     HBITMAP ScalePngResource(UINT nDpi, Gdiplus::Size* pSize, Gdiplus::Color background);
 
     /// Does the same with the resources of a given module.
@@ -69,11 +72,13 @@ public:
     /// @return as above.
     HBITMAP ScalePngResource(UINT nDpi, HINSTANCE hInstance, Gdiplus::Size* pSize, Gdiplus::Color background);
 
-    /// Decodes the best entry's picture, unscaled, and gives every pixel that is not fully transparent one colour.
+    /// Decodes the best entry's picture, unscaled, and gives every pixel that is not fully transparent one
+    /// colour.
     /// @param nDpi  dots per inch.
     /// @param color  the new colour; its alpha is not used, each pixel keeps its own.
-    /// @return the silhouette; the caller deletes it. Null when nothing is registered or the resource is missing or no
-    ///         image, or its pixels can't be locked; in the last case the decoded bitmap stays allocated.
+    /// @return the silhouette; the caller deletes it. Null when nothing is registered or the resource is
+    ///         missing or no image, or its pixels can't be locked; in the last case the decoded bitmap stays
+    ///         allocated.
     Gdiplus::Bitmap* ReplaceColor(UINT nDpi, Gdiplus::Color color);
 
     /// Frees a bitmap handle.
@@ -83,14 +88,15 @@ public:
     /// Scales a bitmap with high-quality bicubic interpolation, keeping its pixel format.
     /// @param pSource  stays the caller's.
     /// @param nWidth,nHeight  device pixels.
-    /// @return a new bitmap that the caller deletes. Null when the source is null or a side is 0. A failure to draw is
-    ///         not reported.
+    /// @return a new bitmap that the caller deletes. Null when the source is null or a side is 0. A failure
+    ///         to draw is not reported.
     static Gdiplus::Bitmap* ScaleBitmap(Gdiplus::Bitmap* pSource, UINT nWidth, UINT nHeight);
 
     /// Makes a GDI bitmap of a GDI+ bitmap.
     /// @param pBitmap  stays the caller's.
     /// @param background  colour that transparent pixels are laid over.
-    /// @return a 32-bit bitmap that the caller frees with DeleteObject; null when pBitmap is null or GDI+ refuses.
+    /// @return a 32-bit bitmap that the caller frees with DeleteObject; null when pBitmap is null or GDI+
+    ///         refuses.
     static HBITMAP ConvertToHBITMAP(Gdiplus::Bitmap* pBitmap, Gdiplus::Color background);
 
     /// Lays one bitmap over another in a square as high as the upper one.
@@ -105,9 +111,9 @@ public:
     /// @param rcDest  where to draw, in the target's logical units; the picture is stretched to fill it.
     /// @param prcSource  the part to draw, in pixels of the scaled picture; null for all of it.
     /// @param pSize  receives the size of the whole scaled picture in device pixels; may be null.
-    /// @return TRUE when GDI+ reports that it drew. FALSE, with nothing drawn and *pSize untouched, when hdc is null,
-    ///         nothing or only DPI 0 fits, the resource is missing or no image, or a scaled side is 0; FALSE with *pSize
-    ///         written when GDI+ refuses to draw.
+    /// @return TRUE when GDI+ reports that it drew. FALSE, with nothing drawn and *pSize untouched, when hdc
+    ///         is null, nothing or only DPI 0 fits, the resource is missing or no image, or a scaled side is
+    ///         0; FALSE with *pSize written when GDI+ refuses to draw.
     BOOL DrawPngInDC(HDC hdc, UINT nDpi, const RECT& rcDest, const RECT* prcSource, Gdiplus::Size* pSize);
 
     /// Does the same into the rectangle (x, y, x + cx, y + cy).
@@ -117,19 +123,21 @@ public:
     /// @param prcSource  the part to draw, in pixels of the scaled picture; null for all of it.
     /// @param pSize  receives the size of the whole scaled picture in device pixels; may be null.
     /// @return as above.
-    BOOL DrawPngInDC(HDC hdc, UINT nDpi, int x, int y, int cx, int cy, const RECT* prcSource, Gdiplus::Size* pSize);
+    BOOL DrawPngInDC(HDC hdc, UINT nDpi, int x, int y, int cx, int cy, const RECT* prcSource,
+                     Gdiplus::Size* pSize);
 
-    /// Draws the best entry's picture, scaled by nDpi / entry's DPI, into a metafile's device context, as a single
-    /// AlphaBlend record.
-    /// @param hdc  the target. Consumed: once the picture is ready to be blended, hdc is deleted before the function
-    ///        returns, whatever AlphaBlend answers. A context of the thread's main window, if there is one, is obtained
-    ///        as well and never released.
+    /// Draws the best entry's picture, scaled by nDpi / entry's DPI, into a metafile's device context, as a
+    /// single AlphaBlend record.
+    /// @param hdc  the target. Consumed: once the picture is ready to be blended, hdc is deleted before the
+    ///        function returns, whatever AlphaBlend answers. A context of the thread's main window, if there
+    ///        is one, is obtained as well and never released.
     /// @param nDpi  dots per inch.
     /// @param rcDest  where to draw, in the target's logical units; the picture is stretched to fill it.
     /// @param prcSource  not used: the whole picture is drawn.
     /// @param pSize  receives the scaled size in device pixels as soon as it is known; may be null.
-    /// @return what AlphaBlend returned. FALSE, with hdc still the caller's, when hdc is null, nothing fits, the
-    ///         resource is missing or no image, a scaled side is 0, or GDI can't make the picture's surface.
+    /// @return what AlphaBlend returned. FALSE, with hdc still the caller's, when hdc is null, nothing fits,
+    ///         the resource is missing or no image, a scaled side is 0, or GDI can't make the picture's
+    ///         surface.
     BOOL DrawPngInMetaDC(HDC hdc, UINT nDpi, const RECT& rcDest, const RECT* prcSource, Gdiplus::Size* pSize);
 
 protected:

@@ -42,7 +42,7 @@ void CDpiAwareRes::RegisterIconResource(UINT nDpi, UINT nResourceId, const std::
     }
     auto pNewEntry = std::make_unique<ResourceInfo>(nDpi, nResourceId, values);
     m_pEntries->push_back(pNewEntry.get());
-    pNewEntry.release();
+    static_cast<void>(pNewEntry.release());
 }
 
 void CDpiAwareRes::UpdateCurrentDpi(UINT nDpi)

@@ -37,13 +37,15 @@ inline void ReplaceInRun(DWORD* pPixels, std::size_t count, DWORD color)
         const __m128i pixels = _mm_loadu_si128(pBlock);
         const __m128i transparent = _mm_cmpeq_epi32(_mm_srli_epi32(pixels, kAlphaShift), _mm_setzero_si128());
         const __m128i replaced = _mm_andnot_si128(transparent, colorMask);
-        _mm_storeu_si128(pBlock, _mm_or_si128(_mm_andnot_si128(replaced, pixels), _mm_and_si128(colors, replaced)));
+        _mm_storeu_si128(pBlock,
+                         _mm_or_si128(_mm_andnot_si128(replaced, pixels), _mm_and_si128(colors, replaced)));
     }
     ReplaceInRunPlain(pPixels + inBlocks, count - inBlocks, color);
 }
 
 /// @param pScan0  the first row.
-/// @param nStride  bytes from one row to the next; may be negative. Bytes beyond a row's pixels are not touched.
+/// @param nStride  bytes from one row to the next; may be negative. Bytes beyond a row's pixels are not
+///        touched.
 inline void ReplaceInImage(void* pScan0, UINT nWidth, UINT nHeight, INT nStride, DWORD color)
 {
     const std::size_t width = nWidth;

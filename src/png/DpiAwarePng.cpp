@@ -24,7 +24,7 @@ std::unique_ptr<Gdiplus::Bitmap> DecodeFromMemory(UniqueGlobalMemory block)
     IStream* pNewStream = nullptr;
     if (FAILED(::CreateStreamOnHGlobal(block.get(), TRUE, &pNewStream)))
         return nullptr;
-    block.release(); // the stream's from here on
+    static_cast<void>(block.release()); // the stream's from here on
 
     const UniqueCom<IStream> stream(pNewStream);
     return std::unique_ptr<Gdiplus::Bitmap>(new Gdiplus::Bitmap(stream.get(), FALSE));
@@ -40,7 +40,7 @@ Gdiplus::Bitmap* DecodePngResource(UINT nResourceId, ModuleSource module, OnShor
 
     UniqueGlobalMemory block = CopyToGlobalMemory(found.pBytes, found.size);
     if (!block && onShortMemory == OnShortMemory::KeepResource)
-        resource.release();
+        static_cast<void>(resource.release());
     if (!block)
         return nullptr;
     resource.reset();
@@ -62,7 +62,7 @@ HBITMAP ScaleToHandle(std::unique_ptr<Gdiplus::Bitmap> decoded, float factor, Gd
         CDpiAwarePng::ScaleBitmap(decoded.get(), size.width, size.height));
     if (!scaled)
     {
-        decoded.release(); // kept by contract: the decoded bitmap outlives a failed scale
+        static_cast<void>(decoded.release()); // kept by contract: the decoded bitmap outlives a failed scale
         return nullptr;
     }
     ReportSize(*scaled, pSize);
@@ -120,12 +120,13 @@ Gdiplus::Bitmap* CDpiAwarePng::ReplaceColor(UINT nDpi, Gdiplus::Color color)
     if (!bitmap)
         return nullptr;
 
-    const Gdiplus::Rect whole(0, 0, static_cast<INT>(bitmap->GetWidth()), static_cast<INT>(bitmap->GetHeight()));
+    const Gdiplus::Rect whole(0, 0, static_cast<INT>(bitmap->GetWidth()),
+                              static_cast<INT>(bitmap->GetHeight()));
     const auto lock = std::make_unique<Gdiplus::BitmapData>();
-    if (bitmap->LockBits(&whole, Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeWrite, PixelFormat32bppARGB,
-                         lock.get()) != Gdiplus::Ok)
+    if (bitmap->LockBits(&whole, Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeWrite,
+                         PixelFormat32bppARGB, lock.get()) != Gdiplus::Ok)
     {
-        bitmap.release(); // kept by contract: the decoded bitmap outlives a failed lock
+        static_cast<void>(bitmap.release()); // kept by contract: the decoded bitmap outlives a failed lock
         return nullptr;
     }
     ColorReplacement::ReplaceInImage(lock->Scan0, lock->Width, lock->Height, lock->Stride,
@@ -142,10 +143,12 @@ void CDpiAwarePng::SafeDeleteHBitmap(HBITMAP& hBitmap)
 
 Gdiplus::Bitmap* CDpiAwarePng::CreateBitmapFromPngResource(UINT nResourceId)
 {
-    return DecodePngResource(nResourceId, [] { return AfxGetResourceHandle(); }, OnShortMemory::FreeResource);
+    return DecodePngResource(
+        nResourceId, [] { return AfxGetResourceHandle(); }, OnShortMemory::FreeResource);
 }
 
 Gdiplus::Bitmap* CDpiAwarePng::CreateBitmapFromPngResource(UINT nResourceId, HINSTANCE hInstance)
 {
-    return DecodePngResource(nResourceId, [hInstance] { return hInstance; }, OnShortMemory::KeepResource);
+    return DecodePngResource(
+        nResourceId, [hInstance] { return hInstance; }, OnShortMemory::KeepResource);
 }

@@ -68,7 +68,8 @@ void ObtainMainWindowContext()
 }
 } // namespace
 
-BOOL CDpiAwarePng::DrawPngInDC(HDC hdc, UINT nDpi, const RECT& rcDest, const RECT* prcSource, Gdiplus::Size* pSize)
+BOOL CDpiAwarePng::DrawPngInDC(HDC hdc, UINT nDpi, const RECT& rcDest, const RECT* prcSource,
+                               Gdiplus::Size* pSize)
 {
     if (!hdc)
         return FALSE;
@@ -85,7 +86,8 @@ BOOL CDpiAwarePng::DrawPngInDC(HDC hdc, UINT nDpi, const RECT& rcDest, const REC
         return FALSE;
     ReportSize(*scaled, pSize);
     decoded.reset();
-    return DrawIntoContext(hdc, std::move(scaled), ToRectF(rcDest), prcSource ? ToRectF(*prcSource) : WholeOf(size));
+    return DrawIntoContext(hdc, std::move(scaled), ToRectF(rcDest),
+                           prcSource ? ToRectF(*prcSource) : WholeOf(size));
 }
 
 BOOL CDpiAwarePng::DrawPngInDC(HDC hdc, UINT nDpi, int x, int y, int cx, int cy, const RECT* prcSource,
@@ -138,8 +140,8 @@ BOOL CDpiAwarePng::DrawPngInMetaDC(HDC hdc, UINT nDpi, const RECT& rcDest, const
     memory.Attach(memoryDc.get());
     target.Attach(hdc);
     const BOOL bBlended =
-        ::AlphaBlend(hdc, rcDest.left, rcDest.top, WrappingWidth(rcDest), WrappingHeight(rcDest), memoryDc.get(), 0, 0,
-                     width, height, kPremultipliedOver);
+        ::AlphaBlend(hdc, rcDest.left, rcDest.top, WrappingWidth(rcDest), WrappingHeight(rcDest),
+                     memoryDc.get(), 0, 0, width, height, kPremultipliedOver);
     selection.Restore();
     dib.reset();
     memoryDc.reset();

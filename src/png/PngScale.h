@@ -2,8 +2,8 @@
 
 #include <foundation/Rounding.h>
 
-/// How much larger a picture drawn for nDrawnForDpi is at nDpi. The two formulas differ in the last bit for some
-/// pairs, and with it a truncated side may differ by a pixel: each operation keeps its own.
+/// How much larger a picture drawn for nDrawnForDpi is at nDpi. The two formulas differ in the last bit for
+/// some pairs, and with it a truncated side may differ by a pixel: each operation keeps its own.
 
 /// The quotient worked out in double precision and rounded to single; infinite when nDrawnForDpi is 0.
 inline float RoundedScaleFactor(UINT nDpi, UINT nDrawnForDpi)

@@ -85,7 +85,8 @@ TEST(ColorReplacement, RunsOfEveryLengthAgreeWithTheModelAndTouchNothingBehindTh
         const std::vector<DWORD> expected = Model(pixels, kRed);
         pixels.resize(count + 8, kUntouched);
         ColorReplacement::ReplaceInRun(pixels.data(), count, kRed);
-        ASSERT_EQ(std::vector<DWORD>(pixels.begin(), pixels.begin() + static_cast<std::ptrdiff_t>(count)), expected);
+        ASSERT_EQ(std::vector<DWORD>(pixels.begin(), pixels.begin() + static_cast<std::ptrdiff_t>(count)),
+                  expected);
         ASSERT_EQ(std::vector<DWORD>(pixels.end() - 8, pixels.end()), std::vector<DWORD>(8, kUntouched));
     }
 }

@@ -42,7 +42,8 @@ TEST(PngScale, APictureDrawnForNoDpiHasNoSize)
     EXPECT_EQ(Rounded(0, 96, 0), 0U);
 }
 
-// Both DPIs have more digits than single precision holds: rounding each before the division gives another quotient.
+// Both DPIs have more digits than single precision holds: rounding each before the division gives another
+// quotient.
 TEST(PngScale, TheTwoQuotientsDiffer)
 {
     EXPECT_EQ(RoundedScaleFactor(16777217, 16777219), static_cast<float>(16777217.0 / 16777219.0));

@@ -1,0 +1,30 @@
+include(CMakePackageConfigHelpers)
+include(GNUInstallDirs)
+
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vxdpi)
+
+install(TARGETS vxdpi vxdpi_framework EXPORT vxdpiTargets
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(DIRECTORY include/vxdpi DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+if(MSVC)
+    install(FILES $<TARGET_PDB_FILE:vxdpi> DESTINATION ${CMAKE_INSTALL_BINDIR} OPTIONAL)
+endif()
+
+install(EXPORT vxdpiTargets NAMESPACE vxdpi:: DESTINATION ${package_dir})
+configure_package_config_file(cmake/vxdpiConfig.cmake.in ${PROJECT_BINARY_DIR}/generated/vxdpiConfig.cmake
+    INSTALL_DESTINATION ${package_dir}
+    PATH_VARS CMAKE_INSTALL_BINDIR)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/generated/vxdpiConfigVersion.cmake
+    COMPATIBILITY SameMinorVersion)
+install(FILES
+    ${PROJECT_BINARY_DIR}/generated/vxdpiConfig.cmake
+    ${PROJECT_BINARY_DIR}/generated/vxdpiConfigVersion.cmake
+    DESTINATION ${package_dir})
+
+set(CPACK_GENERATOR ZIP)
+set(CPACK_PACKAGE_VENDOR "The vxdpi authors")
+set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+include(CPack)
