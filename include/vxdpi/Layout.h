@@ -3,7 +3,8 @@
 /// @file
 /// Dialogs that keep their proportions when they are resized or moved to a monitor of another DPI.
 ///
-/// CDpiLayoutManager records where each control of a dialog sits at 96 DPI and how it follows the dialog's size:
+/// CDpiLayoutManager records where each control of a dialog sits at 96 DPI and how it follows the dialog's
+/// size:
 ///
 ///     // in OnInitDialog; m_layout was constructed with the dialog
 ///     m_layout.UpdateDpi(static_cast<int>(VxSafeGetDpiForWindow(m_hWnd)));
@@ -11,8 +12,8 @@
 ///     m_layout.AddControl(IDOK, ANCHOR_BOTTOMRIGHT, 0, FALSE);
 ///     m_layout.AdjustLayout();                                         // captures the designed places
 ///
-/// and then m_layout.AdjustLayout() whenever the dialog was resized, after UpdateDpi when its DPI changed. Positions are
-/// in the parent's client coordinates; everything belongs to the parent's thread.
+/// and then m_layout.AdjustLayout() whenever the dialog was resized, after UpdateDpi when its DPI changed.
+/// Positions are in the parent's client coordinates; everything belongs to the parent's thread.
 
 #include <afxwin.h>
 
@@ -20,13 +21,15 @@
 
 #include <map>
 
-/// Where a control goes when its parent's size changes; exactly one of these, any other value means ANCHOR_TOPLEFT.
+/// Where a control goes when its parent's size changes; exactly one of these, any other value means
+/// ANCHOR_TOPLEFT.
 constexpr UINT ANCHOR_TOPLEFT = 1;     ///< stays at its scaled designed place
 constexpr UINT ANCHOR_RIGHT = 2;       ///< keeps its distance to the parent's right edge
 constexpr UINT ANCHOR_BOTTOM = 4;      ///< keeps its distance to the parent's bottom edge
 constexpr UINT ANCHOR_BOTTOMRIGHT = 8; ///< keeps both distances
 
-/// What a control does with the space that its parent gains or loses; any combination, none keeps the designed size.
+/// What a control does with the space that its parent gains or loses; any combination, none keeps the
+/// designed size.
 constexpr UINT SIZE_STRETCH_WIDTH = 1;  ///< the width fills the parent up to the right margin
 constexpr UINT SIZE_STRETCH_HEIGHT = 2; ///< the height fills the parent down to the bottom margin
 
@@ -35,7 +38,8 @@ struct VXDPI_API LayoutInfo
 {
     CWnd* pWnd = nullptr; ///< the control's window object; not owned
     UINT nCtrlID = 0;     ///< dialog item ID; when not 0 the control is found by it and not by pWnd
-    CRect rcBase96 = CRect(0, 0, 0, 0); ///< place in the parent's client area at 96 DPI; all 0: not captured yet
+    CRect rcBase96 =
+        CRect(0, 0, 0, 0); ///< place in the parent's client area at 96 DPI; all 0: not captured yet
     UINT nAnchor = 0;      ///< one of the ANCHOR_ values
     UINT nSizePolicy = 0;  ///< combination of the SIZE_ flags
     int bMinSize = FALSE;  ///< not 0: stretching never makes it smaller than its scaled designed size
@@ -45,20 +49,21 @@ struct VXDPI_API LayoutInfo
 
 /// Lays out the child controls of one window for the window's size and DPI.
 ///
-/// The manager owns its records, not the windows. Every step is virtual and called as such, so that a derived manager
-/// may replace any of them. Copying copies the fields as they stand: both objects then share one list of records, which
-/// either destructor frees, so let at most one of them be destroyed.
+/// The manager owns its records, not the windows. Every step is virtual and called as such, so that a derived
+/// manager may replace any of them. Copying copies the fields as they stand: both objects then share one list
+/// of records, which either destructor frees, so let at most one of them be destroyed.
 class VXDPI_API CDpiLayoutManager
 {
 public:
-    /// @param pParent  the window whose children are laid out; not owned. May be null: nothing is laid out then.
+    /// @param pParent  the window whose children are laid out; not owned. May be null: nothing is laid out
+    ///        then.
     explicit CDpiLayoutManager(CWnd* pParent);
     CDpiLayoutManager(const CDpiLayoutManager& other);
     CDpiLayoutManager& operator=(const CDpiLayoutManager& other);
     virtual ~CDpiLayoutManager();
 
-    // The virtual table has the overloads in the order of the second list. Microsoft's compiler places overloads of
-    // one name in reverse order of their declaration, so it is given the list backwards.
+    // The virtual table has the overloads in the order of the second list. Microsoft's compiler places
+    // overloads of one name in reverse order of their declaration, so it is given the list backwards.
 #if defined(_MSC_VER)
     virtual int AddControl(CWnd* pWnd, UINT nAnchor, UINT nSizePolicy, int bMinSize);
     virtual int AddControl(UINT nID, UINT nAnchor, UINT nSizePolicy, int bMinSize);
@@ -73,8 +78,9 @@ public:
 
     /// Registers a control with a ready record, in place of any record that the window has.
     /// @param pWnd  the control, whose handle the record is stored under.
-    /// @param info  stored as it is; its pWnd and nCtrlID are not filled in, and a record with neither is never laid out.
-    ///        A rectangle that is not all 0 counts as captured, with the margins that the record has.
+    /// @param info  stored as it is; its pWnd and nCtrlID are not filled in, and a record with neither is
+    ///        never laid out. A rectangle that is not all 0 counts as captured, with the margins that the
+    ///        record has.
     /// @return TRUE, or FALSE with nothing stored when pWnd is null.
     virtual int AddControl(CWnd* pWnd, LayoutInfo info);
 
@@ -86,7 +92,8 @@ public:
     /// @return TRUE, or FALSE with nothing stored when there is no parent or no such child.
     virtual int AddControl(UINT nID, UINT nAnchor, UINT nSizePolicy, int bMinSize);
 
-    /// Registers a control, in place of any record that the window has; its place is captured by the first AdjustLayout.
+    /// Registers a control, in place of any record that the window has; its place is captured by the first
+    /// AdjustLayout.
     /// @param pWnd  the control; kept in the record, so it must live until then.
     /// @param nAnchor  one of the ANCHOR_ values.
     /// @param nSizePolicy  combination of the SIZE_ flags.
@@ -95,9 +102,9 @@ public:
     virtual int AddControl(CWnd* pWnd, UINT nAnchor, UINT nSizePolicy, int bMinSize);
 #endif
 
-    /// Moves and sizes every registered control for the parent's client size and the DPI last given to UpdateDpi, one
-    /// after the other in the order of their window handles, and invalidates it. The first call with a record captures
-    /// the designed places before. Controls that can't be found are passed over.
+    /// Moves and sizes every registered control for the parent's client size and the DPI last given to
+    /// UpdateDpi, one after the other in the order of their window handles, and invalidates it. The first
+    /// call with a record captures the designed places before. Controls that can't be found are passed over.
     virtual void AdjustLayout();
 
 protected:
@@ -132,14 +139,14 @@ protected:
 
 public:
     /// Sets the DPI that later layouts use; neither captures nor lays out.
-    /// @param dpi  dots per inch from 96 to 576; other values are ignored, so that nothing is laid out smaller than
-    ///        designed.
+    /// @param dpi  dots per inch from 96 to 576; other values are ignored, so that nothing is laid out
+    ///        smaller than designed.
     void UpdateDpi(int dpi);
 
 protected:
-    CWnd* m_pParent;                         ///< not owned
-    std::map<HWND, LayoutInfo>* m_pLayouts;  ///< owned; null when it could not be allocated
-    float m_scale;                           ///< DPI / 96
-    int m_dpi;                               ///< dots per inch
-    int m_bNeedCapture;                      ///< until the first AdjustLayout has captured
+    CWnd* m_pParent;                        ///< not owned
+    std::map<HWND, LayoutInfo>* m_pLayouts; ///< owned; null when it could not be allocated
+    float m_scale;                          ///< DPI / 96
+    int m_dpi;                              ///< dots per inch
+    int m_bNeedCapture;                     ///< until the first AdjustLayout has captured
 };

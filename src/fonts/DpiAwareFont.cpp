@@ -26,7 +26,10 @@ UINT VerticalDpi(const CDC& dc)
 }
 } // namespace
 
-CFontDPIAware::CFontDPIAware() : m_nBaseDpi(kBaseDpi), m_nBaseHeight(0), m_nBaseWidth(0), m_bInitialised(FALSE) {}
+CFontDPIAware::CFontDPIAware()
+    : m_nBaseDpi(kBaseDpi), m_nBaseHeight(0), m_nBaseWidth(0), m_bInitialised(FALSE)
+{
+}
 
 CFontDPIAware::~CFontDPIAware() = default;
 
@@ -55,16 +58,17 @@ BOOL CFontDPIAware::CreateFontIndirectW(LOGFONTW* pLogFont, UINT nDpi)
     return Attach(::CreateFontIndirectW(pLogFont));
 }
 
-BOOL CFontDPIAware::CreateFontW(UINT nDpi, int nHeight, int nWidth, int nEscapement, int nOrientation, int nWeight,
-                                BYTE bItalic, BYTE bUnderline, BYTE cStrikeOut, BYTE nCharSet, BYTE nOutPrecision,
-                                BYTE nClipPrecision, BYTE nQuality, BYTE nPitchAndFamily, LPCWSTR lpszFacename)
+BOOL CFontDPIAware::CreateFontW(UINT nDpi, int nHeight, int nWidth, int nEscapement, int nOrientation,
+                                int nWeight, BYTE bItalic, BYTE bUnderline, BYTE cStrikeOut, BYTE nCharSet,
+                                BYTE nOutPrecision, BYTE nClipPrecision, BYTE nQuality, BYTE nPitchAndFamily,
+                                LPCWSTR lpszFacename)
 {
     InitFontSize(nHeight, nWidth, nDpi);
     const LONG nScaledHeight = GuardedScale(m_nBaseHeight, nDpi, m_nBaseDpi);
     const LONG nScaledWidth = nWidth == 0 ? 0 : GuardedScale(m_nBaseWidth, nDpi, m_nBaseDpi);
-    return Attach(::CreateFontW(nScaledHeight, nScaledWidth, nEscapement, nOrientation, nWeight, bItalic, bUnderline,
-                                cStrikeOut, nCharSet, nOutPrecision, nClipPrecision, nQuality, nPitchAndFamily,
-                                lpszFacename));
+    return Attach(::CreateFontW(nScaledHeight, nScaledWidth, nEscapement, nOrientation, nWeight, bItalic,
+                                bUnderline, cStrikeOut, nCharSet, nOutPrecision, nClipPrecision, nQuality,
+                                nPitchAndFamily, lpszFacename));
 }
 
 BOOL CFontDPIAware::CreatePointFont(UINT nDpi, int nPointSize, LPCWSTR lpszFaceName, CDC* pDC)

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <limits>
 
-/// Scales a whole number by multiplier / divisor, rounded to nearest with halves away from zero. The value stays as it
-/// is when the product leaves the signed 32-bit range or the divisor is 0: a size that can't be scaled is better kept
-/// than lost.
+/// Scales a whole number by multiplier / divisor, rounded to nearest with halves away from zero. The value
+/// stays as it is when the product leaves the signed 32-bit range or the divisor is 0: a size that can't be
+/// scaled is better kept than lost.
 inline INT GuardedScale(INT value, UINT multiplier, UINT divisor)
 {
     if (divisor == 0)

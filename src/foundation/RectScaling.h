@@ -2,7 +2,8 @@
 
 #include "Rounding.h"
 
-/// Scales each edge by itself, so that touching rectangles still touch; a width may differ by one from the scaled width.
+/// Scales each edge by itself, so that touching rectangles still touch; a width may differ by one from the
+/// scaled width.
 inline RECT ScaleEdges(const RECT& rect, float factor)
 {
     const auto scale = [factor](LONG edge) { return RoundHalfAway(static_cast<float>(edge) * factor); };

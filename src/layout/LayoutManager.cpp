@@ -48,8 +48,8 @@ HWND WindowToPlace(const CWnd& parent, const LayoutInfo& info)
 } // namespace
 
 CDpiLayoutManager::CDpiLayoutManager(CWnd* pParent)
-    : m_pParent(pParent), m_pLayouts(new (std::nothrow) std::map<HWND, LayoutInfo>), m_scale(1.0f), m_dpi(kBaseDpi),
-      m_bNeedCapture(TRUE)
+    : m_pParent(pParent), m_pLayouts(new (std::nothrow) std::map<HWND, LayoutInfo>), m_scale(1.0f),
+      m_dpi(kBaseDpi), m_bNeedCapture(TRUE)
 {
 }
 
@@ -117,7 +117,8 @@ void CDpiLayoutManager::AdjustLayout()
         if (!hTarget)
             continue;
         const CRect rc = GetControlRect(info, parentClient);
-        ::SetWindowPos(hTarget, nullptr, rc.left, rc.top, WrappingWidth(rc), WrappingHeight(rc), SWP_NOZORDER);
+        ::SetWindowPos(hTarget, nullptr, rc.left, rc.top, WrappingWidth(rc), WrappingHeight(rc),
+                       SWP_NOZORDER);
         ::InvalidateRect(hTarget, nullptr, TRUE);
     }
 }

@@ -3,8 +3,8 @@
 #include <foundation/Rounding.h>
 #include <foundation/WrappingArithmetic.h>
 
-/// Where a control goes in its parent: rectangles in, rectangles out. Lengths named 96 are at 96 DPI, the others in
-/// device pixels.
+/// Where a control goes in its parent: rectangles in, rectangles out. Lengths named 96 are at 96 DPI, the
+/// others in device pixels.
 namespace Placement
 {
 /// How a control follows its parent.
@@ -26,7 +26,8 @@ inline LONG Scale(LONG length96, float scale)
 }
 
 /// The length that fills a parent between the control's designed start and its margin at the end.
-inline LONG StretchedLength(LONG parentLength, LONG start, LONG margin, LONG designedLength, bool keepsDesignedSize)
+inline LONG StretchedLength(LONG parentLength, LONG start, LONG margin, LONG designedLength,
+                            bool keepsDesignedSize)
 {
     const LONG length = WrappingSubtract(parentLength, WrappingAdd(start, margin));
     return keepsDesignedSize && length < designedLength ? designedLength : length;
@@ -37,8 +38,8 @@ inline LONG Width(const Rule& rule, const RECT& parent, float scale)
     const LONG designed = Scale(WrappingWidth(rule.base96), scale);
     if (!rule.stretchesWidth)
         return designed;
-    return StretchedLength(WrappingWidth(parent), Scale(rule.base96.left, scale), Scale(rule.marginRight96, scale),
-                           designed, rule.keepsDesignedSize);
+    return StretchedLength(WrappingWidth(parent), Scale(rule.base96.left, scale),
+                           Scale(rule.marginRight96, scale), designed, rule.keepsDesignedSize);
 }
 
 inline LONG Height(const Rule& rule, const RECT& parent, float scale)
@@ -46,8 +47,8 @@ inline LONG Height(const Rule& rule, const RECT& parent, float scale)
     const LONG designed = Scale(WrappingHeight(rule.base96), scale);
     if (!rule.stretchesHeight)
         return designed;
-    return StretchedLength(WrappingHeight(parent), Scale(rule.base96.top, scale), Scale(rule.marginBottom96, scale),
-                           designed, rule.keepsDesignedSize);
+    return StretchedLength(WrappingHeight(parent), Scale(rule.base96.top, scale),
+                           Scale(rule.marginBottom96, scale), designed, rule.keepsDesignedSize);
 }
 
 inline void ApplySizePolicy(RECT& rect, const RECT& parent, const Rule& rule, float scale)

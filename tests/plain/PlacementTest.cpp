@@ -42,9 +42,8 @@ RECT Place(const Placement::Rule& rule, const RECT& parent, float scale)
 // Slow and obvious, in numbers that never overflow for the ranges tried.
 RECT Model(const Placement::Rule& rule, const RECT& parent, float scale)
 {
-    const auto scaled = [scale](long long length) {
-        return static_cast<long long>(std::lround(static_cast<float>(length) * scale));
-    };
+    const auto scaled = [scale](long long length)
+    { return static_cast<long long>(std::lround(static_cast<float>(length) * scale)); };
     long long width = scaled(rule.base96.right - rule.base96.left);
     long long height = scaled(rule.base96.bottom - rule.base96.top);
     const long long wide = parent.right - parent.left - scaled(rule.base96.left) - scaled(rule.marginRight96);
@@ -150,7 +149,8 @@ TEST(Placement, BothAnchorsKeepBothMargins)
     EXPECT_EQ(Place(rule, {0, 0, 400, 300}, 1.5f), (RECT{220, 210, 370, 240}));
 }
 
-// The manager's steps can be replaced one by one, so each has to bring a rectangle from anywhere to its place.
+// The manager's steps can be replaced one by one, so each has to bring a rectangle from anywhere to its
+// place.
 TEST(Placement, AnchoringMovesARectangleFromAnywhereAndKeepsItsSize)
 {
     Placement::Rule rule = FixedButton();

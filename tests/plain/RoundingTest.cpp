@@ -56,7 +56,8 @@ std::uint32_t BitsOf(float value)
     return bits;
 }
 
-// The first float whose rounding differs from the C library's among those with bits in [first, end), either sign.
+// The first float whose rounding differs from the C library's among those with bits in [first, end), either
+// sign.
 float FirstDifference(std::uint32_t first, std::uint32_t end, std::uint32_t step)
 {
     for (std::uint32_t bits = first; bits < end; bits += step)
@@ -88,7 +89,8 @@ TEST(RoundHalfAway, TheLargestNumberBelowAHalfIsZero)
     EXPECT_EQ(RoundHalfAway(-0.49999999999999994), 0);
 }
 
-// Below a quarter everything is 0 and from 2^23 on nothing has a fraction, so in between every float is tried.
+// Below a quarter everything is 0 and from 2^23 on nothing has a fraction, so in between every float is
+// tried.
 TEST(RoundHalfAway, EveryFloatWithAFractionAgreesWithTheCLibrary)
 {
     EXPECT_EQ(FirstDifference(BitsOf(0.25f), BitsOf(16777216.0f), 1), 0);

@@ -1,7 +1,7 @@
 #pragma once
 
-// The value types of the platform's <windef.h>, in their sizes on 64-bit Windows, and the one platform function that
-// the library's arithmetic calls, so that it compiles natively.
+// The value types of the platform's <windef.h>, in their sizes on 64-bit Windows, and the one platform
+// function that the library's arithmetic calls, so that it compiles natively.
 
 #include <cstdint>
 
@@ -34,8 +34,8 @@ struct SIZE
     LONG cy;
 };
 
-/// As the platform documents it: rounded to nearest with halves away from zero, -1 for a divisor of 0 or a result out of
-/// range.
+/// As the platform documents it: rounded to nearest with halves away from zero, -1 for a divisor of 0 or a
+/// result out of range.
 inline INT MulDiv(INT number, INT numerator, INT denominator)
 {
     if (denominator == 0)
