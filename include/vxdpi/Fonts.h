@@ -23,8 +23,10 @@
 /// Creates a font of a point size for the DPI of a window.
 /// @param hWnd  the window; null and dead windows count as 96 DPI.
 /// @param nPointSize  whole points (72 to the inch), as a character height.
-/// @param nWidth,nEscapement,nOrientation,nWeight,bItalic,bUnderline,bStrikeOut,nCharSet,nOutPrecision,nClipPrecision,nQuality,nPitchAndFamily,pszFaceName
-///        as for the platform's CreateFont, passed on unchanged; nWidth in device pixels.
+/// @param nWidth  average width of the characters in device pixels; 0 for the font's natural width.
+/// @param nEscapement,nOrientation,nWeight,bItalic,bUnderline,bStrikeOut  as for the platform's CreateFont.
+/// @param nCharSet,nOutPrecision,nClipPrecision,nQuality,nPitchAndFamily,pszFaceName  likewise, passed on
+///        unchanged as the others.
 /// @return the font, which the caller frees with DeleteObject; null when GDI can't create it. A point size
 ///         whose product with the DPI leaves 32 bits is taken as a height in pixels.
 VXDPI_API HFONT CreateFont_DPIAware(HWND hWnd, int nPointSize, int nWidth, int nEscapement, int nOrientation,
@@ -77,8 +79,8 @@ public:
     /// @param nDpi  dots per inch of the window that the font is for.
     /// @param nHeight,nWidth  in pixels; on first use recorded as meant for nDpi. A width of 0 in this very
     ///        call asks for the natural width, whatever is remembered.
-    /// @param nEscapement,nOrientation,nWeight,bItalic,bUnderline,cStrikeOut,nCharSet,nOutPrecision,nClipPrecision,nQuality,nPitchAndFamily,lpszFacename
-    ///        as for the platform's CreateFont.
+    /// @param nEscapement,nOrientation,nWeight,bItalic,bUnderline,cStrikeOut  as for the platform's CreateFont.
+    /// @param nCharSet,nOutPrecision,nClipPrecision,nQuality,nPitchAndFamily,lpszFacename  likewise.
     /// @return TRUE, or FALSE when GDI can't create the font.
     BOOL CreateFontW(UINT nDpi, int nHeight, int nWidth, int nEscapement, int nOrientation, int nWeight,
                      BYTE bItalic, BYTE bUnderline, BYTE cStrikeOut, BYTE nCharSet, BYTE nOutPrecision,
