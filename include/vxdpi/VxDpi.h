@@ -4,5 +4,8 @@
 /// Every family of the library.
 
 #include <vxdpi/Dpi.h>
+#include <vxdpi/Fonts.h>
+#include <vxdpi/Geometry.h>
 #include <vxdpi/Images.h>
+#include <vxdpi/Layout.h>
 #include <vxdpi/Png.h>

@@ -7,9 +7,9 @@
 
 /// Owners of platform handles. Each frees in the way that fits how the handle was acquired.
 
-struct BitmapDeleter
+struct GdiObjectDeleter
 {
-    void operator()(HBITMAP hBitmap) const { ::DeleteObject(hBitmap); }
+    void operator()(HGDIOBJ hObject) const { ::DeleteObject(hObject); }
 };
 
 struct MemoryDcDeleter
@@ -36,7 +36,9 @@ struct LoadedResourceFreer
     void operator()(HGLOBAL hResource) const { ::FreeResource(hResource); }
 };
 
-using UniqueBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, BitmapDeleter>;
+using UniqueBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, GdiObjectDeleter>;
+using UniqueFont = std::unique_ptr<std::remove_pointer_t<HFONT>, GdiObjectDeleter>;
+using UniqueRegion = std::unique_ptr<std::remove_pointer_t<HRGN>, GdiObjectDeleter>;
 using UniqueMemoryDc = std::unique_ptr<std::remove_pointer_t<HDC>, MemoryDcDeleter>;
 using UniqueGlobalMemory = std::unique_ptr<void, GlobalMemoryDeleter>;
 

@@ -49,7 +49,7 @@ inline void ReplaceInRun(DWORD* pPixels, std::size_t count, DWORD color)
 inline void ReplaceInImage(void* pScan0, UINT nWidth, UINT nHeight, INT nStride, DWORD color)
 {
     const std::size_t width = nWidth;
-    if (nStride >= 0 && static_cast<std::size_t>(nStride) == width * sizeof(DWORD))
+    if (nStride == static_cast<std::ptrdiff_t>(width * sizeof(DWORD)))
     {
         ReplaceInRun(static_cast<DWORD*>(pScan0), width * nHeight, color);
         return;

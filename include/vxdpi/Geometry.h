@@ -1,0 +1,57 @@
+#pragma once
+
+/// @file
+/// Sizes and places of top-level windows across monitors of different DPI.
+///
+///     CRect rcSaved = LoadRectFromSettings();                          // as GetWindowRect told it at exit
+///     CRect rcDesigned;
+///     GetWindowRect(&rcDesigned);
+///     RestoreWindowPositionSafe(this, rcSaved, rcDesigned);            // never with an unreachable title
+///     bar
+///
+/// Rectangles of windows are in screen coordinates, device pixels. All functions belong to the thread of the
+/// windows that they are given; whatever they create they release.
+
+#include <afxwin.h>
+
+#include <vxdpi/Export.h>
+
+/// Tells the work area (the monitor without task bar and docked tool bars) of the monitor nearest a window.
+/// @param hwnd  the window.
+/// @param rcWork  receives the work area in screen coordinates; untouched on failure.
+/// @return TRUE, or FALSE when hwnd is null or no monitor can be had.
+VXDPI_API int GetCurrentScreenWorkArea(HWND hwnd, RECT& rcWork);
+
+/// Converts a rectangle from a window's DPI to 96 DPI.
+/// @param hwnd  the window; for a null or dead one the rectangle stays as it is.
+/// @param rc  in device pixels; becomes 96-DPI units, each edge rounded by itself, halves away from zero.
+VXDPI_API void ConvertTo96DPIRect(HWND hwnd, RECT& rc);
+
+/// Gives a window its saved size and place, or centres it where its title bar could not be reached at the
+/// saved place.
+///
+/// The title bar counts as reachable when the part of it that lies in the monitors' work areas is at least
+/// three caption buttons wide and 70 % of its height high; the part is measured by its bounding box. The
+/// window comes to the top of the Z order.
+/// @param pWnd  the window.
+/// @param rcSaved  the saved rectangle. When its size differs from that of rcReference the size is taken to
+///        be in 96-DPI units and replaced, in the caller's rectangle, by the size at the window's DPI.
+/// @param rcReference  only its size counts.
+/// @return TRUE, or FALSE with nothing changed when pWnd is null or not a window.
+VXDPI_API int RestoreWindowPositionSafe(CWnd* pWnd, CRect& rcSaved, CRect& rcReference);
+
+/// Measures the font that is selected into a device context, as dialog units are based on it.
+/// @param hdc  stays the caller's.
+/// @param units  receives the average width of the 52 Latin letters and the height of a character in device
+///        pixels.
+/// @return TRUE, or FALSE when the font can't be measured (units untouched) or a value is not above 0 (units
+///         written).
+VXDPI_API int GetFontBasedDialogUnits(HDC hdc, SIZE& units);
+
+/// Tells which client area a window needs at another DPI, in proportion to the measured size of its font
+/// there.
+/// @param pWnd  a window that has a font.
+/// @param newDpi  dots per inch.
+/// @return the client rectangle in device pixels at newDpi; (0, 0, 0, 0) when pWnd is null, without window or
+///         without font, newDpi is 0, or a font can't be made or measured.
+VXDPI_API CRect GetClientSizeForDpi(CWnd* pWnd, UINT newDpi);

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <windef.h>
+
+#include <cstdint>
+#include <limits>
+
+/// Scales a whole number by multiplier / divisor, rounded to nearest with halves away from zero. The value
+/// stays as it is when the product leaves the signed 32-bit range or the divisor is 0: a size that can't be
+/// scaled is better kept than lost.
+inline INT GuardedScale(INT value, UINT multiplier, UINT divisor)
+{
+    if (divisor == 0)
+        return value;
+    const std::int64_t product = std::int64_t{value} * std::int64_t{multiplier};
+    if (product > std::numeric_limits<INT>::max() || product < std::numeric_limits<INT>::min())
+        return value;
+    return MulDiv(value, static_cast<INT>(multiplier), static_cast<INT>(divisor));
+}
