@@ -16,7 +16,7 @@ VXMFC_API BOOL AFXAPI AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODUL
 /// Takes the DLL out of the current module's chain of libraries, or out of every module's with bAll.
 VXMFC_API void AFXAPI AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL bAll = FALSE);
 
-/// An entry of the current module's chain of libraries: AfxFindResourceHandle searches the library from now on.
+/// An entry of the current module's chain of libraries: AfxFindResourceHandle searches it from now on.
 ///
 /// Made with new; AfxTermExtensionModule deletes it.
 class VXMFC_API CDynLinkLibrary : public CObject

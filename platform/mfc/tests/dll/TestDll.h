@@ -17,8 +17,8 @@ public:
     int m_nAnswer = 42;
 };
 
-// What a regular DLL answers, from code that makes the DLL's module state current first ("inside") and from code
-// that does not ("outside").
+// What a regular DLL answers, from code that makes the DLL's module state current first ("inside") and from
+// code that does not ("outside").
 namespace testdll
 {
 
