@@ -20,7 +20,7 @@
 
 #include <vxdpi/Export.h>
 
-/// Gives the DPI of the monitor that a window is on.
+/// Gives the DPI of a window: for a per-monitor aware one that of the monitor it is on.
 /// @param hwnd  a window of any thread; may be null.
 /// @return dots per inch, never 0: the window's own DPI; 96 for a null handle or a window that is gone; the
 ///         screen's horizontal LOGPIXELSX for a live window that has no DPI to tell, and 96 when the screen
@@ -33,28 +33,33 @@ VXDPI_API unsigned int VxSafeGetDpiForWindow(HWND hwnd);
 /// Starts are not counted: a second call starts GDI+ once more and forgets the first token, which is then
 /// never shut down.
 /// @return TRUE when GDI+ started, else FALSE; the library then holds whatever token the failing start wrote.
+/// Takes no lock: for one thread, at start-up.
 VXDPI_API int StartupGdiPlusByVxDpi();
 
 /// Shuts GDI+ down for the token that the library holds; does nothing when it holds none.
 ///
-/// The token stays known: a later shutdown repeats the call, and SetGdiPlusTokenToVxDpi still refuses.
+/// The token stays known: a later shutdown repeats the call, and SetGdiPlusTokenToVxDpi still refuses. Takes
+/// no lock: for one thread, at exit, when no object of GDI+ is left.
 VXDPI_API void ShutdownGdiPlusByVxDpi();
 
 /// Tells the GDI+ token that the library holds, so that a second component can share one start.
 /// @param token  receives the token; untouched on failure.
 /// @return TRUE, or FALSE when no token is held.
+/// Takes no lock.
 VXDPI_API int GetGdiPlusTokenFromVxDpi(ULONG_PTR& token);
 
 /// Hands the library the token of a GDI+ start that the application made itself.
 /// @param token  as GdiplusStartup wrote it; ShutdownGdiPlusByVxDpi will shut it down. 0 is stored too, and
 ///        leaves the library without a token.
 /// @return TRUE, or FALSE with nothing changed when a token is held already.
+/// Takes no lock: for one thread, at start-up.
 VXDPI_API int SetGdiPlusTokenToVxDpi(ULONG_PTR token);
 
 /// Runs GDI+ for the life of one object, apart from the token that the library holds for the process.
 ///
 /// Copying and assignment copy the token and start nothing, so that two objects share one start and each
-/// shuts it down when it dies.
+/// shuts it down when it dies. An object belongs to one thread, and outlives every object of GDI+ that needs
+/// it.
 class VXDPI_API CGdiPlusInitializer
 {
 public:

@@ -79,7 +79,8 @@ public:
     /// @param nDpi  dots per inch of the window that the font is for.
     /// @param nHeight,nWidth  in pixels; on first use recorded as meant for nDpi. A width of 0 in this very
     ///        call asks for the natural width, whatever is remembered.
-    /// @param nEscapement,nOrientation,nWeight,bItalic,bUnderline,cStrikeOut  as for the platform's CreateFont.
+    /// @param nEscapement,nOrientation,nWeight,bItalic,bUnderline,cStrikeOut  as for the platform's
+    ///        CreateFont.
     /// @param nCharSet,nOutPrecision,nClipPrecision,nQuality,nPitchAndFamily,lpszFacename  likewise.
     /// @return TRUE, or FALSE when GDI can't create the font.
     BOOL CreateFontW(UINT nDpi, int nHeight, int nWidth, int nEscapement, int nOrientation, int nWeight,

@@ -33,23 +33,26 @@ struct ResourceInfo
     }
     virtual ~ResourceInfo() = default;
 
-    UINT nDpi = 0;        ///< dots per inch that the resource is drawn for
-    UINT nResourceId = 0; ///< the owner's resource ID
-    std::vector<UINT>
-        values; ///< the owner's numbers, as registered (icons: the pixel sizes that the resource offers)
+    UINT nDpi = 0;            ///< dots per inch that the resource is drawn for
+    UINT nResourceId = 0;     ///< the owner's resource ID
+    std::vector<UINT> values; ///< the owner's numbers, as registered (icons: the pixel sizes on offer)
 };
 
 /// The registered resources of one picture, one per DPI, and the DPI that look-ups aim at.
 ///
 /// May be shared between threads: every operation takes the object's lock, and a failure to lock throws
-/// std::system_error. Assignment copies the fields as they stand, so that both objects share one lock and one
-/// list; both destructors would then free them, hence let at most one of the two be destroyed.
+/// std::system_error. When memory is short at construction the registry stays empty: registering and updating
+/// have no effect then.
 class VXDPI_API CDpiAwareRes
 {
 public:
     /// Makes an empty registry that aims at 96 DPI.
     CDpiAwareRes();
     CDpiAwareRes(const CDpiAwareRes&) = delete;
+
+    /// Copies the fields as they stand: both objects then share the other's lock and list, and what this one
+    /// had stays allocated. Both destructors would free the shared ones, so let at most one of the two be
+    /// destroyed.
     CDpiAwareRes& operator=(const CDpiAwareRes& other);
 
     /// Deletes every entry.
@@ -59,6 +62,7 @@ public:
     /// @param nDpi  dots per inch.
     /// @param nResourceId  the owner's resource ID.
     /// @param values  the owner's numbers; copied.
+    /// Throws std::bad_alloc, with the registry unchanged or that entry's ID new, when memory is short.
     void RegisterIconResource(UINT nDpi, UINT nResourceId, const std::vector<UINT>& values);
 
     /// Sets the DPI that look-ups aim at; loads and releases nothing.
@@ -67,21 +71,21 @@ public:
 
     /// Chooses the entry with the smallest DPI at or above the current DPI, else the one with the largest DPI
     /// below it: shrinking a picture looks better than enlarging one.
-    /// @return the entry, owned by the registry and valid until the registry is destroyed; registering its
-    ///         DPI again changes it in place. Null when nothing is registered.
+    /// @return the entry, owned by the registry and valid until ReleaseAllResources or destruction;
+    ///         registering its DPI again changes it in place. Null when nothing is registered.
     const ResourceInfo* FindBestResource();
 
-    /// @return TRUE when nothing is registered.
+    /// Tells whether nothing is registered.
+    /// @return TRUE when the registry is empty.
     BOOL Empty();
 
 protected:
-    /// Deletes every entry; the current DPI stays.
+    /// Deletes every entry, also those that FindBestResource handed out; the current DPI stays.
     void ReleaseAllResources();
 
 private:
     UINT m_nCurrentDpi;
     UINT m_nReserved;
     std::mutex* m_pMutex; // null when it could not be allocated: the registry then stays empty
-    std::vector<ResourceInfo*>*
-        m_pEntries; // in order of registration, at most one per DPI; guarded by *m_pMutex
+    std::vector<ResourceInfo*>* m_pEntries; // as registered, one per DPI; guarded by *m_pMutex
 };

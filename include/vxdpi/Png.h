@@ -24,17 +24,25 @@
 
 /// A picture in several "PNG" resources, one per DPI.
 ///
-/// Every operation that takes a DPI moves the object's current DPI there, picks the entry as
-/// CDpiAwareRes::FindBestResource does, and decodes the resource anew. The registry inside is locked; a
-/// thread that works with two DPIs on one object sees the last one set. Both assignments copy the registry as
-/// CDpiAwareRes does: the two objects then share its lock and its list, so let at most one of the two be
-/// destroyed.
+/// Every operation that takes a DPI moves the object's current DPI there (drawing with a null context does
+/// not), picks the entry as CDpiAwareRes::FindBestResource does, and decodes the resource anew. "No picture"
+/// below means: nothing is registered, the entry's resource is missing, empty or no image, or memory is
+/// short.
+///
+/// GDI+ must be running for every operation but construction, destruction, assignment, AddResourceForDpi,
+/// Empty and SafeDeleteHBitmap. The registry inside is locked, so several threads may decode at once; a
+/// thread that works with two DPIs on one object sees the last one set.
 class VXDPI_API CDpiAwarePng
 {
 public:
     CDpiAwarePng();
     CDpiAwarePng(const CDpiAwarePng&) = delete;
+
+    /// Copies the registry as CDpiAwareRes does: the two objects then share its lock and its list, so let at
+    /// most one of the two be destroyed.
     CDpiAwarePng& operator=(const CDpiAwarePng& other);
+
+    /// Does the same; the other object stays as it is.
     CDpiAwarePng& operator=(CDpiAwarePng&& other);
     ~CDpiAwarePng();
 
@@ -44,13 +52,14 @@ public:
     /// @param values  stored with the entry and not used by this class.
     void AddResourceForDpi(UINT nDpi, UINT nResourceId, const std::vector<UINT>& values);
 
-    /// @return TRUE when nothing is registered.
+    /// Tells whether nothing is registered.
+    /// @return TRUE when the registry is empty.
     BOOL Empty();
 
     /// Decodes the best entry's picture and leaves it unscaled.
     /// @param nDpi  dots per inch.
-    /// @return a bitmap in the size that the resource has; the caller deletes it. Null when nothing is
-    ///         registered or the resource is missing or no image.
+    /// @return a bitmap in the size that the resource has; the caller deletes it. Null when there is no
+    ///         picture.
     Gdiplus::Bitmap* GetGdiplusBitmap(UINT nDpi);
 
     /// Decodes the best entry's picture and scales it by nDpi / entry's DPI; both sides are truncated to
@@ -59,9 +68,9 @@ public:
     /// @param pSize  receives the scaled size in device pixels; may be null.
     /// @param background  colour that transparent pixels are laid over.
     /// @return a 32-bit bitmap that the caller frees with DeleteObject. Null, with *pSize untouched, when
-    ///         nothing is registered, the resource is missing or no image, or a side comes out as 0; in the
-    ///         last case the decoded bitmap stays allocated. Null with *pSize written when the conversion
-    ///         fails.
+    ///         there is no picture or it can't be scaled, as when a side comes out as 0 or the entry's DPI is
+    ///         0; the decoded bitmap stays allocated when it can't be scaled. Null with *pSize written when
+    ///         the conversion fails.
     HBITMAP ScalePngResource(UINT nDpi, Gdiplus::Size* pSize, Gdiplus::Color background);
 
     /// Does the same with the resources of a given module.
@@ -76,9 +85,8 @@ public:
     /// colour.
     /// @param nDpi  dots per inch.
     /// @param color  the new colour; its alpha is not used, each pixel keeps its own.
-    /// @return the silhouette; the caller deletes it. Null when nothing is registered or the resource is
-    ///         missing or no image, or its pixels can't be locked; in the last case the decoded bitmap stays
-    ///         allocated.
+    /// @return the silhouette; the caller deletes it. Null when there is no picture or its pixels can't be
+    ///         locked; in the last case the decoded bitmap stays allocated.
     Gdiplus::Bitmap* ReplaceColor(UINT nDpi, Gdiplus::Color color);
 
     /// Frees a bitmap handle.
@@ -88,8 +96,9 @@ public:
     /// Scales a bitmap with high-quality bicubic interpolation, keeping its pixel format.
     /// @param pSource  stays the caller's.
     /// @param nWidth,nHeight  device pixels.
-    /// @return a new bitmap that the caller deletes. Null when the source is null or a side is 0. A failure
-    ///         to draw is not reported.
+    /// @return a new bitmap that the caller deletes. Null when the source is null, a side is 0 or memory is
+    ///         short. A size that GDI+ can't make a surface of, and a failure to draw, are not reported: ask
+    ///         the bitmap's last status.
     static Gdiplus::Bitmap* ScaleBitmap(Gdiplus::Bitmap* pSource, UINT nWidth, UINT nHeight);
 
     /// Makes a GDI bitmap of a GDI+ bitmap.
@@ -102,7 +111,8 @@ public:
     /// Lays one bitmap over another in a square as high as the upper one.
     /// @param pTop  drawn over pBottom, stretched to the square; stays the caller's.
     /// @param pBottom  drawn at the top left in its own size; stays the caller's.
-    /// @return a new 32-bit ARGB bitmap that the caller deletes; null when an argument is null.
+    /// @return a new 32-bit ARGB bitmap that the caller deletes; null when an argument is null or memory is
+    ///         short. A failure to draw is not reported.
     static Gdiplus::Bitmap* CombineBitmaps(Gdiplus::Bitmap* pTop, Gdiplus::Bitmap* pBottom);
 
     /// Draws the best entry's picture, scaled by nDpi / entry's DPI, with high-quality bicubic interpolation.
@@ -112,8 +122,8 @@ public:
     /// @param prcSource  the part to draw, in pixels of the scaled picture; null for all of it.
     /// @param pSize  receives the size of the whole scaled picture in device pixels; may be null.
     /// @return TRUE when GDI+ reports that it drew. FALSE, with nothing drawn and *pSize untouched, when hdc
-    ///         is null, nothing or only DPI 0 fits, the resource is missing or no image, or a scaled side is
-    ///         0; FALSE with *pSize written when GDI+ refuses to draw.
+    ///         is null, there is no picture, the entry's DPI is 0, or a scaled side is 0; FALSE with *pSize
+    ///         written when GDI+ refuses to draw.
     BOOL DrawPngInDC(HDC hdc, UINT nDpi, const RECT& rcDest, const RECT* prcSource, Gdiplus::Size* pSize);
 
     /// Does the same into the rectangle (x, y, x + cx, y + cy).
@@ -135,21 +145,23 @@ public:
     /// @param rcDest  where to draw, in the target's logical units; the picture is stretched to fill it.
     /// @param prcSource  not used: the whole picture is drawn.
     /// @param pSize  receives the scaled size in device pixels as soon as it is known; may be null.
-    /// @return what AlphaBlend returned. FALSE, with hdc still the caller's, when hdc is null, nothing fits,
-    ///         the resource is missing or no image, a scaled side is 0, or GDI can't make the picture's
-    ///         surface.
+    /// @return what AlphaBlend returned. FALSE, with hdc still the caller's and *pSize untouched, when hdc is
+    ///         null, there is no picture, the entry's DPI is 0, or a scaled side is 0; FALSE with hdc still
+    ///         the caller's and *pSize written when the surface for the picture can't be made. A surface
+    ///         whose pixels can't be reached stays allocated.
     BOOL DrawPngInMetaDC(HDC hdc, UINT nDpi, const RECT& rcDest, const RECT* prcSource, Gdiplus::Size* pSize);
 
 protected:
     /// Decodes a "PNG" resource of the framework's current resource module.
     /// @param nResourceId  integer resource ID, of which the low 16 bits are used.
-    /// @return the bitmap, which the caller deletes; null when the resource is missing, empty or no image.
+    /// @return the bitmap, which the caller deletes; null when the resource is missing, empty or no image, or
+    ///         memory is short.
     Gdiplus::Bitmap* CreateBitmapFromPngResource(UINT nResourceId);
 
     /// Decodes a "PNG" resource of a given module.
     /// @param nResourceId  integer resource ID, of which the low 16 bits are used.
     /// @param hInstance  the module.
-    /// @return the bitmap, which the caller deletes; null when the resource is missing, empty or no image.
+    /// @return as above; when there is no memory for a copy of its bytes, the loaded resource is not freed.
     Gdiplus::Bitmap* CreateBitmapFromPngResource(UINT nResourceId, HINSTANCE hInstance);
 
 private:

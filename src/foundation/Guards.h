@@ -77,9 +77,9 @@ public:
 
     void Restore()
     {
-        if (m_hPrevious)
+        if (m_hdc)
             ::SelectObject(m_hdc, m_hPrevious);
-        m_hPrevious = nullptr;
+        m_hdc = nullptr;
     }
 
 private:

@@ -120,8 +120,8 @@ Gdiplus::Bitmap* CDpiAwarePng::ReplaceColor(UINT nDpi, Gdiplus::Color color)
     if (!bitmap)
         return nullptr;
 
-    const Gdiplus::Rect whole(0, 0, static_cast<INT>(bitmap->GetWidth()),
-                              static_cast<INT>(bitmap->GetHeight()));
+    const PixelSize size = SizeOf(*bitmap);
+    const Gdiplus::Rect whole(0, 0, static_cast<INT>(size.width), static_cast<INT>(size.height));
     const auto lock = std::make_unique<Gdiplus::BitmapData>();
     if (bitmap->LockBits(&whole, Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeWrite,
                          PixelFormat32bppARGB, lock.get()) != Gdiplus::Ok)

@@ -1,5 +1,7 @@
 #include <vxdpi/Png.h>
 
+#include "PngImage.h"
+
 #include <memory>
 
 Gdiplus::Bitmap* CDpiAwarePng::ScaleBitmap(Gdiplus::Bitmap* pSource, UINT nWidth, UINT nHeight)
@@ -35,16 +37,14 @@ Gdiplus::Bitmap* CDpiAwarePng::CombineBitmaps(Gdiplus::Bitmap* pTop, Gdiplus::Bi
     if (!pTop || !pBottom)
         return nullptr;
 
-    static_cast<void>(pTop->GetWidth()); // asked by contract; the square takes its side from the height alone
-    const INT side = static_cast<INT>(pTop->GetHeight());
+    const INT side = static_cast<INT>(SizeOf(*pTop).height);
     std::unique_ptr<Gdiplus::Bitmap> combined(new Gdiplus::Bitmap(side, side, PixelFormat32bppARGB));
     if (!combined)
         return nullptr;
 
     Gdiplus::Graphics graphics(combined.get());
-    const INT bottomWidth = static_cast<INT>(pBottom->GetWidth());
-    const INT bottomHeight = static_cast<INT>(pBottom->GetHeight());
-    graphics.DrawImage(pBottom, 0, 0, bottomWidth, bottomHeight);
+    const PixelSize bottom = SizeOf(*pBottom);
+    graphics.DrawImage(pBottom, 0, 0, static_cast<INT>(bottom.width), static_cast<INT>(bottom.height));
     graphics.DrawImage(pTop, 0, 0, side, side);
     return combined.release();
 }

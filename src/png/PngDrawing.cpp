@@ -54,8 +54,7 @@ void DrawIntoMemory(HDC hdc, std::unique_ptr<Gdiplus::Bitmap> scaled, const Pixe
 {
     Gdiplus::Graphics graphics(hdc);
     SetSmoothDrawing(graphics);
-    const Gdiplus::RectF source(0, 0, static_cast<float>(scaled->GetWidth()),
-                                static_cast<float>(scaled->GetHeight()));
+    const Gdiplus::RectF source = WholeOf(SizeOf(*scaled));
     DrawPart(graphics, *scaled, WholeOf(size), source);
     scaled.reset();
 }

@@ -11,11 +11,17 @@ struct PixelSize
     UINT height;
 };
 
+inline PixelSize SizeOf(Gdiplus::Bitmap& bitmap)
+{
+    const UINT nWidth = bitmap.GetWidth();
+    const UINT nHeight = bitmap.GetHeight();
+    return {nWidth, nHeight};
+}
+
 inline PixelSize ScaledSize(Gdiplus::Bitmap& bitmap, float factor)
 {
-    const UINT nWidth = ScaledLength(bitmap.GetWidth(), factor);
-    const UINT nHeight = ScaledLength(bitmap.GetHeight(), factor);
-    return {nWidth, nHeight};
+    const PixelSize size = SizeOf(bitmap);
+    return {ScaledLength(size.width, factor), ScaledLength(size.height, factor)};
 }
 
 /// Tells a caller who asked for it how large a bitmap is.
@@ -23,6 +29,6 @@ inline void ReportSize(Gdiplus::Bitmap& bitmap, Gdiplus::Size* pSize)
 {
     if (!pSize)
         return;
-    pSize->Width = static_cast<INT>(bitmap.GetWidth());
-    pSize->Height = static_cast<INT>(bitmap.GetHeight());
+    const PixelSize size = SizeOf(bitmap);
+    *pSize = Gdiplus::Size(static_cast<INT>(size.width), static_cast<INT>(size.height));
 }

@@ -137,7 +137,8 @@ TEST(ClassLayout, GdiPlusInitializerHasNoVirtualFunctionButItsDestructor)
     const auto* const table =
         reinterpret_cast<void* const*>(::GetProcAddress(VxDpiModule(), "_ZTV19CGdiPlusInitializer"));
     ASSERT_NE(table, nullptr);
-    // Two words of run-time type information come first. The destructor has two entries: without and with delete.
+    // Two words of run-time type information come first. The destructor has two entries: without and with
+    // delete.
     EXPECT_EQ(table[2],
               reinterpret_cast<void*>(::GetProcAddress(VxDpiModule(), "_ZN19CGdiPlusInitializerD1Ev")));
     EXPECT_EQ(table[3],

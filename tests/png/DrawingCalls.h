@@ -11,9 +11,10 @@
 #include <cstdint>
 #include <string>
 
-// The calls with which the library decodes, scales and draws a picture, written down in their order. The objects that
-// it makes on the way are named after their part in it: "decoded", "scaled", "scaler" (the graphics that the picture is
-// scaled with), "graphics" (the one that it is drawn with), "memory" (the device context), "dib", "previous".
+// The calls with which the library decodes, scales and draws a picture, written down in their order. The
+// objects that it makes on the way are named after their part in it: "decoded", "scaled", "scaler" (the
+// graphics that the picture is scaled with), "graphics" (the one that it is drawn with), "memory" (the device
+// context), "dib", "previous".
 
 namespace Flat = Gdiplus::DllExports;
 

@@ -8,8 +8,8 @@
 
 #include <memory>
 
-// Pictures that an artist drew: the Tango library's icon for saving, 16 pixels for 96 DPI, 22 for 132 and 32 for
-// 192. The colours are read from the files.
+// Pictures that an artist drew: the Tango library's icon for saving, 16 pixels for 96 DPI, 22 for 132 and 32
+// for 192. The colours are read from the files.
 
 namespace
 {

@@ -30,7 +30,7 @@ public:
 
     void Write(const std::string& line);
 
-    template <typename... Args>
+    template<typename... Args>
     void WriteCall(const std::string& function, const Args&... args)
     {
         std::string list;
@@ -43,7 +43,7 @@ public:
     void Clear();
 
 private:
-    template <typename T>
+    template<typename T>
     std::string Format(const T& value)
     {
         if constexpr (std::is_floating_point_v<T>)
@@ -83,11 +83,11 @@ private:
     int m_unnamed = 0;
 };
 
-template <typename Signature>
+template<typename Signature>
 class RecordCalls;
 
 // Writes every call of an imported function with its arguments into a log, then passes it on.
-template <typename Result, typename... Args>
+template<typename Result, typename... Args>
 class RecordCalls<Result(Args...)> : public ImportSpy<Result(Args...)>
 {
 public:

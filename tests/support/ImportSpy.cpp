@@ -102,9 +102,7 @@ SpiedModule::SpiedModule(const wchar_t* name) : m_module(::GetModuleHandleW(name
         throw std::runtime_error("module not loaded: " + Narrow(name));
 }
 
-SpiedModule::SpiedModule(std::nullptr_t) : m_module(::GetModuleHandleW(nullptr))
-{
-}
+SpiedModule::SpiedModule(std::nullptr_t) : m_module(::GetModuleHandleW(nullptr)) {}
 
 SpiedModule::operator HMODULE() const
 {

@@ -64,7 +64,7 @@ private:
     std::string m_name;
 };
 
-template <typename Signature>
+template<typename Signature>
 class FunctionSpy;
 
 // What all spies share: a stand-in function of the right signature that forwards to a handler.
@@ -72,7 +72,7 @@ class FunctionSpy;
 // A stand-in has to be a plain function, yet two spies on one signature need to tell their calls apart. So
 // every signature owns a few of them, each with its own entry in a table, and a spy borrows one: the compiler
 // passes the arguments, whatever their number and types.
-template <typename Result, typename... Args>
+template<typename Result, typename... Args>
 class FunctionSpy<Result(Args...)>
 {
 public:
@@ -83,15 +83,9 @@ public:
     FunctionSpy& operator=(const FunctionSpy&) = delete;
 
     // The function as it was before this spy, i.e. the platform's or that of an outer spy.
-    Function Original() const
-    {
-        return m_standIn.original;
-    }
+    Function Original() const { return m_standIn.original; }
 
-    int CallCount() const
-    {
-        return m_standIn.callCount;
-    }
+    int CallCount() const { return m_standIn.callCount; }
 
 protected:
     // An empty handler only counts.
@@ -129,13 +123,13 @@ private:
         }
     };
 
-    template <std::size_t Index>
+    template<std::size_t Index>
     static Result WINAPI Enter(Args... args)
     {
         return s_standIns[Index].Call(args...);
     }
 
-    template <std::size_t... Indexes>
+    template<std::size_t... Indexes>
     static constexpr std::array<Function, kStandInCount> Entries(std::index_sequence<Indexes...>)
     {
         return {&Enter<Indexes>...};
@@ -164,7 +158,7 @@ private:
 };
 
 // Replaces a function that a module imports.
-template <typename Signature>
+template<typename Signature>
 class ImportSpy : public FunctionSpy<Signature>
 {
 public:
@@ -181,7 +175,7 @@ public:
 
 // Replaces a method of a COM class: all objects of the class that share the method table with this one. The
 // signature starts with the interface pointer; methodIndex counts from QueryInterface = 0.
-template <typename Signature>
+template<typename Signature>
 class ComMethodSpy : public FunctionSpy<Signature>
 {
 public:
@@ -193,12 +187,12 @@ public:
     }
 };
 
-template <typename Signature>
+template<typename Signature>
 class FailNthCall;
 
 // Makes one call of a function fail and passes all others through. failingCall counts from 1;
 // kEveryCall makes them all fail. The failing call does not reach the platform.
-template <typename Result, typename... Args>
+template<typename Result, typename... Args>
 class FailNthCall<Result(Args...)> : public ImportSpy<Result(Args...)>
 {
 public:

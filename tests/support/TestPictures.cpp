@@ -37,7 +37,7 @@ std::uint32_t Framed(int x, int y, int width, int height, std::uint32_t inside)
     return atSide || atTopOrBottom ? kFrameColor : inside;
 }
 
-template <typename ColorOf>
+template<typename ColorOf>
 ArgbImage Painted(int width, int height, ColorOf colorOf)
 {
     ArgbImage image(width, height);

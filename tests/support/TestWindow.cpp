@@ -27,9 +27,7 @@ void PumpMessages(DWORD milliseconds)
     }
 }
 
-TestWindow::TestWindow() : TestWindow(WS_OVERLAPPEDWINDOW)
-{
-}
+TestWindow::TestWindow() : TestWindow(WS_OVERLAPPEDWINDOW) {}
 
 TestWindow::TestWindow(DWORD style, HWND parent, const RECT& bounds)
 {

@@ -31,10 +31,11 @@
         static const AFX_MSGMAP_ENTRY kEntries[] = {
 
 #define END_MESSAGE_MAP() \
-            AFX_MSGMAP_ENTRY() \
-        }; \
-        static const AFX_MSGMAP kMap = {&TheBaseClass::GetThisMessageMap, kEntries}; \
-        return &kMap; \
+    AFX_MSGMAP_ENTRY() \
+    } \
+    ; \
+    static const AFX_MSGMAP kMap = {&TheBaseClass::GetThisMessageMap, kEntries}; \
+    return &kMap; \
     }
 
 // Raw messages: LRESULT fn(WPARAM, LPARAM)
@@ -171,8 +172,7 @@
 #define ON_WM_DRAWITEM() vxmfc::DrawItemHandler::Entry(WM_DRAWITEM, &ThisClass::OnDrawItem),
 #define ON_WM_DROPFILES() vxmfc::DropFilesHandler::Entry(WM_DROPFILES, &ThisClass::OnDropFiles),
 #define ON_WM_DWMCOLORIZATIONCOLORCHANGED() \
-    vxmfc::ColorChangedHandler::Entry(\
-        WM_DWMCOLORIZATIONCOLORCHANGED, &ThisClass::OnColorizationColorChanged),
+    vxmfc::ColorChangedHandler::Entry(WM_DWMCOLORIZATIONCOLORCHANGED, &ThisClass::OnColorizationColorChanged),
 #define ON_WM_DWMCOMPOSITIONCHANGED() \
     vxmfc::PlainHandler::Entry(WM_DWMCOMPOSITIONCHANGED, &ThisClass::OnCompositionChanged),
 #define ON_WM_DWMNCRENDERINGCHANGED() \

@@ -16,10 +16,7 @@ const AFX_MSGMAP* PASCAL CCmdTarget::GetThisMessageMap()
     return &kMap;
 }
 
-CCmdTarget::CCmdTarget()
-    : m_pModuleState(AfxGetModuleState())
-{
-}
+CCmdTarget::CCmdTarget() : m_pModuleState(AfxGetModuleState()) {}
 
 CCmdTarget::~CCmdTarget() = default;
 

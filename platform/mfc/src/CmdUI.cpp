@@ -13,12 +13,8 @@ bool IsButton(const CWnd& control)
 } // namespace
 
 CCmdUI::CCmdUI()
-    : m_nID(0)
-    , m_nIndex(0)
-    , m_pMenu(nullptr)
-    , m_pOther(nullptr)
-    , m_bContinueRouting(FALSE)
-    , m_bEnableChanged(FALSE)
+    : m_nID(0), m_nIndex(0), m_pMenu(nullptr), m_pOther(nullptr), m_bContinueRouting(FALSE),
+      m_bEnableChanged(FALSE)
 {
 }
 

@@ -1,10 +1,8 @@
 #include <afxwin.h>
 
 CDataExchange::CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate)
-    : m_bSaveAndValidate(bSaveAndValidate)
-    , m_pDlgWnd(pDlgWnd)
-    , m_hLastControl(nullptr)
-    , m_bLastControlIsEdit(FALSE)
+    : m_bSaveAndValidate(bSaveAndValidate), m_pDlgWnd(pDlgWnd), m_hLastControl(nullptr),
+      m_bLastControlIsEdit(FALSE)
 {
 }
 
@@ -51,6 +49,4 @@ BOOL CWnd::UpdateData(BOOL bSaveAndValidate)
     }
 }
 
-void CWnd::DoDataExchange(CDataExchange*)
-{
-}
+void CWnd::DoDataExchange(CDataExchange*) {}

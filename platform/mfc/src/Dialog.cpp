@@ -45,8 +45,7 @@ class LockedBlock
 {
 public:
     explicit LockedBlock(HGLOBAL hBlock)
-        : m_hBlock(hBlock)
-        , m_pData(hBlock == nullptr ? nullptr : ::GlobalLock(hBlock))
+        : m_hBlock(hBlock), m_pData(hBlock == nullptr ? nullptr : ::GlobalLock(hBlock))
     {
     }
 
@@ -70,8 +69,7 @@ private:
 class DisabledWindow
 {
 public:
-    explicit DisabledWindow(HWND hWnd)
-        : m_hWnd(::IsWindowEnabled(hWnd) ? hWnd : nullptr)
+    explicit DisabledWindow(HWND hWnd) : m_hWnd(::IsWindowEnabled(hWnd) ? hWnd : nullptr)
     {
         if (m_hWnd != nullptr)
             ::EnableWindow(m_hWnd, FALSE);
@@ -95,23 +93,15 @@ private:
 
 } // namespace
 
-CDialog::CDialog()
-    : CDialog(static_cast<LPCTSTR>(nullptr))
-{
-}
+CDialog::CDialog() : CDialog(static_cast<LPCTSTR>(nullptr)) {}
 
 CDialog::CDialog(LPCTSTR lpszTemplateName, CWnd* pParentWnd)
-    : m_lpszTemplateName(lpszTemplateName)
-    , m_lpDialogTemplate(nullptr)
-    , m_hDialogTemplate(nullptr)
-    , m_pParentWnd(pParentWnd)
+    : m_lpszTemplateName(lpszTemplateName), m_lpDialogTemplate(nullptr), m_hDialogTemplate(nullptr),
+      m_pParentWnd(pParentWnd)
 {
 }
 
-CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd)
-    : CDialog(MAKEINTRESOURCE(nIDTemplate), pParentWnd)
-{
-}
+CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : CDialog(MAKEINTRESOURCE(nIDTemplate), pParentWnd) {}
 
 CDialog::~CDialog() = default;
 
@@ -138,8 +128,8 @@ BOOL CDialog::CreateIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd)
 
 BOOL CDialog::CreateModeless(LPCDLGTEMPLATE lpTemplate, CWnd* pParentWnd)
 {
-    return lpTemplate != nullptr
-        && CreateFromTemplate(lpTemplate, ParentOrMainWindow(pParentWnd)->GetSafeHwnd());
+    return lpTemplate != nullptr &&
+           CreateFromTemplate(lpTemplate, ParentOrMainWindow(pParentWnd)->GetSafeHwnd());
 }
 
 BOOL CDialog::CreateFromTemplate(LPCDLGTEMPLATE lpTemplate, HWND hParent)
@@ -230,9 +220,7 @@ LRESULT CDialog::OnSetFontMessage(WPARAM wParam, LPARAM)
     return Default();
 }
 
-void CDialog::OnSetFont(CFont*)
-{
-}
+void CDialog::OnSetFont(CFont*) {}
 
 void CDialog::OnOK()
 {

@@ -69,11 +69,8 @@ int ShowCommandToActivate(const CWnd& frame)
 } // namespace
 
 CFrameWnd::CFrameWnd()
-    : m_bAutoMenuEnable(TRUE)
-    , m_pActiveView(nullptr)
-    , m_hAccelTable(nullptr)
-    , m_nModalDepth(0)
-    , m_bInLayout(FALSE)
+    : m_bAutoMenuEnable(TRUE), m_pActiveView(nullptr), m_hAccelTable(nullptr), m_nModalDepth(0),
+      m_bInLayout(FALSE)
 {
 }
 
@@ -87,7 +84,7 @@ BOOL CFrameWnd::PreCreateWindow(CREATESTRUCT& cs)
 }
 
 BOOL CFrameWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
-    CWnd* pParentWnd, LPCTSTR lpszMenuName, DWORD dwExStyle, CCreateContext* pContext)
+                       CWnd* pParentWnd, LPCTSTR lpszMenuName, DWORD dwExStyle, CCreateContext* pContext)
 {
     CMenu menu;
     if (lpszMenuName != nullptr && !menu.LoadMenu(lpszMenuName))
@@ -99,7 +96,7 @@ BOOL CFrameWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwSt
     const int nWidth = Extent(rect.left, rect.right);
     const int nHeight = Extent(rect.top, rect.bottom);
     const BOOL isCreated = CreateEx(dwExStyle, lpszClassName, lpszWindowName, dwStyle, rect.left, rect.top,
-        nWidth, nHeight, pParentWnd->GetSafeHwnd(), hMenu, pContext);
+                                    nWidth, nHeight, pParentWnd->GetSafeHwnd(), hMenu, pContext);
     if (!isCreated && ::IsMenu(hMenu))
         ::DestroyMenu(hMenu);
     return isCreated;
@@ -303,8 +300,8 @@ void CFrameWnd::ForwardScroll(UINT message, UINT nSBCode, UINT nPos, CScrollBar*
 {
     if (m_pActiveView == nullptr)
         return;
-    m_pActiveView->SendMessage(
-        message, MAKEWPARAM(nSBCode, nPos), reinterpret_cast<LPARAM>(pScrollBar->GetSafeHwnd()));
+    m_pActiveView->SendMessage(message, MAKEWPARAM(nSBCode, nPos),
+                               reinterpret_cast<LPARAM>(pScrollBar->GetSafeHwnd()));
 }
 
 void CFrameWnd::OnInitMenuPopup(CMenu* pPopupMenu, UINT, BOOL bSysMenu)

@@ -7,8 +7,8 @@
 ///
 /// Permanent entries belong to objects that own or have attached the handle. Temporary objects are made on
 /// demand, never own the handle, and live until DeleteTemporaries, which idle processing calls.
-/// Traits: `static Object* Create(Handle)` makes a wrapper of an unowned handle; `static void Release(Object*)`
-/// empties the wrapper and deletes it.
+/// Traits: `static Object* Create(Handle)` makes a wrapper of an unowned handle; `static void
+/// Release(Object*)` empties the wrapper and deletes it.
 template<class Object, class Handle, class Traits>
 class HandleMap
 {

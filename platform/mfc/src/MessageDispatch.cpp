@@ -13,8 +13,7 @@ namespace
 class CurrentMessage
 {
 public:
-    explicit CurrentMessage(const MSG& message)
-        : m_outer(CurrentThreadState().currentMessage)
+    explicit CurrentMessage(const MSG& message) : m_outer(CurrentThreadState().currentMessage)
     {
         CurrentThreadState().currentMessage = message;
     }

@@ -24,8 +24,8 @@ bool CoversMessage(const AFX_MSGMAP_ENTRY& entry, UINT message)
 
 bool Covers(const AFX_MSGMAP_ENTRY& entry, const MessageKey& key)
 {
-    return CoversMessage(entry, key.message) && entry.nCode == key.code && entry.nFirstID <= key.id
-        && key.id <= entry.nLastID;
+    return CoversMessage(entry, key.message) && entry.nCode == key.code && entry.nFirstID <= key.id &&
+           key.id <= entry.nLastID;
 }
 
 } // namespace

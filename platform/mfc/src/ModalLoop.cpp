@@ -40,9 +40,7 @@ bool DoThreadIdle(LONG nCount)
 
 } // namespace
 
-ModalLoop::ModalLoop(CWnd* pWnd)
-    : m_pWnd(pWnd)
-    , m_pOuter(pWnd->m_pModalLoop)
+ModalLoop::ModalLoop(CWnd* pWnd) : m_pWnd(pWnd), m_pOuter(pWnd->m_pModalLoop)
 {
     pWnd->m_pModalLoop = this;
 }

@@ -58,9 +58,7 @@ void CView::OnPaint()
     OnDraw(&dc);
 }
 
-void CView::OnPrepareDC(CDC*, CPrintInfo*)
-{
-}
+void CView::OnPrepareDC(CDC*, CPrintInfo*) {}
 
 void CView::OnActivateView(BOOL bActivate, CView* pActivateView, CView*)
 {
@@ -73,9 +71,7 @@ void CView::OnActivateView(BOOL bActivate, CView* pActivateView, CView*)
         SetFocus();
 }
 
-void CView::OnActivateFrame(UINT, CFrameWnd*)
-{
-}
+void CView::OnActivateFrame(UINT, CFrameWnd*) {}
 
 void CView::PostNcDestroy()
 {

@@ -41,7 +41,7 @@ public:
 
 private:
     std::mutex m_mutex;
-    std::set<std::wstring> m_names;                               // guarded by m_mutex
+    std::set<std::wstring> m_names;                              // guarded by m_mutex
     std::map<HINSTANCE, std::set<std::wstring>> m_namesOfModule; // guarded by m_mutex
 };
 
@@ -92,8 +92,8 @@ LPCTSTR AFXAPI AfxRegisterWndClass(UINT nClassStyle, HCURSOR hCursor, HBRUSH hbr
 
     wchar_t name[96];
     ::swprintf(name, ARRAYSIZE(name), L"VxMfcWindow:%p:%x:%p:%p:%p", static_cast<void*>(wndClass.hInstance),
-        wndClass.style, static_cast<void*>(wndClass.hCursor), static_cast<void*>(hbrBackground),
-        static_cast<void*>(wndClass.hIcon));
+               wndClass.style, static_cast<void*>(wndClass.hCursor), static_cast<void*>(hbrBackground),
+               static_cast<void*>(wndClass.hIcon));
     wndClass.lpszClassName = ClassRegistry::Instance().Keep(name);
     if (!AfxRegisterClass(&wndClass))
         AfxThrowResourceException();

@@ -21,9 +21,8 @@ bool IsInputMethodWindow(HWND hWnd)
 } // namespace
 
 WindowCreation::WindowCreation(CWnd* pWnd)
-    : m_pWnd(pWnd)
-    , m_pOuterWnd(CurrentThreadState().windowBeingCreated)
-    , m_hOuterHook(CurrentThreadState().creationHook)
+    : m_pWnd(pWnd), m_pOuterWnd(CurrentThreadState().windowBeingCreated),
+      m_hOuterHook(CurrentThreadState().creationHook)
 {
     ThreadState& state = CurrentThreadState();
     state.windowBeingCreated = pWnd;

@@ -34,8 +34,8 @@ namespace
 
 bool IsPlaceInZOrder(const CWnd* pWnd)
 {
-    return pWnd == &CWnd::wndTop || pWnd == &CWnd::wndBottom || pWnd == &CWnd::wndTopMost
-        || pWnd == &CWnd::wndNoTopMost;
+    return pWnd == &CWnd::wndTop || pWnd == &CWnd::wndBottom || pWnd == &CWnd::wndTopMost ||
+           pWnd == &CWnd::wndNoTopMost;
 }
 
 // The thread ends with its main window. A DLL's application object has no say in that: it does not pump.
@@ -67,17 +67,10 @@ void WndTraits::Release(CWnd* pWnd)
     delete pWnd;
 }
 
-CWnd::CWnd()
-    : CWnd(nullptr)
-{
-}
+CWnd::CWnd() : CWnd(nullptr) {}
 
 CWnd::CWnd(HWND hWnd)
-    : m_hWnd(hWnd)
-    , m_hWndOwner(nullptr)
-    , m_pfnSuper(nullptr)
-    , m_pCreation(nullptr)
-    , m_pModalLoop(nullptr)
+    : m_hWnd(hWnd), m_hWndOwner(nullptr), m_pfnSuper(nullptr), m_pCreation(nullptr), m_pModalLoop(nullptr)
 {
 }
 
@@ -165,9 +158,7 @@ HWND CWnd::UnsubclassWindow()
     return ReleaseWindow();
 }
 
-void CWnd::PreSubclassWindow()
-{
-}
+void CWnd::PreSubclassWindow() {}
 
 BOOL CWnd::PreCreateWindow(CREATESTRUCT& cs)
 {
@@ -179,21 +170,22 @@ BOOL CWnd::PreCreateWindow(CREATESTRUCT& cs)
 }
 
 BOOL CWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
-    CWnd* pParentWnd, UINT nID, CCreateContext* pContext)
+                  CWnd* pParentWnd, UINT nID, CCreateContext* pContext)
 {
     return CreateEx(0, lpszClassName, lpszWindowName, dwStyle | WS_CHILD, rect, pParentWnd, nID, pContext);
 }
 
 BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
-    const RECT& rect, CWnd* pParentWnd, UINT nID, LPVOID lpParam)
+                    const RECT& rect, CWnd* pParentWnd, UINT nID, LPVOID lpParam)
 {
     const HMENU hMenuOrID = reinterpret_cast<HMENU>(static_cast<UINT_PTR>(nID));
     return CreateEx(dwExStyle, lpszClassName, lpszWindowName, dwStyle, rect.left, rect.top,
-        rect.right - rect.left, rect.bottom - rect.top, pParentWnd->GetSafeHwnd(), hMenuOrID, lpParam);
+                    rect.right - rect.left, rect.bottom - rect.top, pParentWnd->GetSafeHwnd(), hMenuOrID,
+                    lpParam);
 }
 
 BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, int x,
-    int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu, LPVOID lpParam)
+                    int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu, LPVOID lpParam)
 {
     CREATESTRUCT cs = {};
     cs.lpCreateParams = lpParam;
@@ -217,7 +209,8 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
     vxmfc::WindowCreation creation(this);
     const DWORD dwFinalStyle = static_cast<DWORD>(cs.style);
     return creation.Finish(::CreateWindowEx(cs.dwExStyle, cs.lpszClass, cs.lpszName, dwFinalStyle, cs.x, cs.y,
-        cs.cx, cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance, cs.lpCreateParams));
+                                            cs.cx, cs.cy, cs.hwndParent, cs.hMenu, cs.hInstance,
+                                            cs.lpCreateParams));
 }
 
 BOOL CWnd::DestroyWindow()
@@ -245,9 +238,7 @@ void CWnd::OnNcDestroy()
     PostNcDestroy();
 }
 
-void CWnd::PostNcDestroy()
-{
-}
+void CWnd::PostNcDestroy() {}
 
 LRESULT CWnd::OnQuerySystemGestureStatus(WPARAM, LPARAM lParam)
 {

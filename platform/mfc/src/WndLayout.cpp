@@ -33,8 +33,8 @@ bool IsPlaceable(HWND hOwner)
 }
 
 // The children of an ID range take their space from the rectangle, each in its own way.
-void OfferSpaceToBars(
-    HWND hParent, UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver, AFX_SIZEPARENTPARAMS& layout)
+void OfferSpaceToBars(HWND hParent, UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver,
+                      AFX_SIZEPARENTPARAMS& layout)
 {
     for (HWND hChild = ::GetTopWindow(hParent); hChild != nullptr; hChild = ::GetWindow(hChild, GW_HWNDNEXT))
     {
@@ -85,7 +85,7 @@ void CWnd::CenterWindow(CWnd* pAlternateOwner)
 }
 
 void CWnd::RepositionBars(UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver, UINT nFlag, LPRECT lpRectParam,
-    LPCRECT lpRectClient, BOOL bStretch)
+                          LPCRECT lpRectClient, BOOL bStretch)
 {
     AFX_SIZEPARENTPARAMS layout = {};
     layout.bStretch = bStretch;
@@ -111,6 +111,6 @@ void CWnd::RepositionBars(UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver, UINT nF
     if (hLeftOver != nullptr)
     {
         ::SetWindowPos(hLeftOver, nullptr, rest.left, rest.top, rest.Width(), rest.Height(),
-            SWP_NOZORDER | SWP_NOACTIVATE);
+                       SWP_NOZORDER | SWP_NOACTIVATE);
     }
 }

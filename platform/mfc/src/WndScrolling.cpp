@@ -85,7 +85,7 @@ void CWnd::ScrollWindow(int xAmount, int yAmount, LPCRECT lpRect, LPCRECT lpClip
 }
 
 int CWnd::ScrollWindowEx(int dx, int dy, LPCRECT lpRectScroll, LPCRECT lpRectClip, CRgn* prgnUpdate,
-    LPRECT lpRectUpdate, UINT flags)
+                         LPRECT lpRectUpdate, UINT flags)
 {
     const HRGN hUpdate = static_cast<HRGN>(prgnUpdate->GetSafeHandle());
     return ::ScrollWindowEx(m_hWnd, dx, dy, lpRectScroll, lpRectClip, hUpdate, lpRectUpdate, flags);

@@ -404,8 +404,8 @@ BOOL CWnd::IsDialogMessage(LPMSG lpMsg)
     return ::IsDialogMessage(m_hWnd, lpMsg);
 }
 
-UINT_PTR CWnd::SetTimer(
-    UINT_PTR nIDEvent, UINT nElapse, void(CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD))
+UINT_PTR CWnd::SetTimer(UINT_PTR nIDEvent, UINT nElapse,
+                        void(CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD))
 {
     return ::SetTimer(m_hWnd, nIDEvent, nElapse, lpfnTimer);
 }

@@ -18,8 +18,7 @@ constexpr UINT kProbeMessage = WM_APP + 31;
 class MainWindow
 {
 public:
-    explicit MainWindow(CWnd* pWnd)
-        : m_pOuter(AfxGetThread()->m_pMainWnd)
+    explicit MainWindow(CWnd* pWnd) : m_pOuter(AfxGetThread()->m_pMainWnd)
     {
         AfxGetThread()->m_pMainWnd = pWnd;
     }
@@ -37,8 +36,7 @@ private:
 class CProbeDialog : public CDialog
 {
 public:
-    explicit CProbeDialog(UINT nTemplate = IDD_MODAL, CWnd* pParent = nullptr)
-        : CDialog(nTemplate, pParent)
+    explicit CProbeDialog(UINT nTemplate = IDD_MODAL, CWnd* pParent = nullptr) : CDialog(nTemplate, pParent)
     {
     }
 

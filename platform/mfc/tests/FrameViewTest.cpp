@@ -133,7 +133,7 @@ protected:
         m_context.m_pNewViewClass = RUNTIME_CLASS(CTestView);
         m_pFrame = new CTestFrame;
         ASSERT_TRUE(m_pFrame->Create(nullptr, L"frame", WS_OVERLAPPEDWINDOW, CRect(0, 0, 400, 300), nullptr,
-            nullptr, 0, &m_context));
+                                     nullptr, 0, &m_context));
         m_pView = static_cast<CTestView*>(m_pFrame->GetDescendantWindow(AFX_IDW_PANE_FIRST, TRUE));
         ASSERT_NE(m_pView, nullptr);
     }
@@ -350,8 +350,8 @@ TEST_F(FrameView, MenuItemsAreEnabledByTheirHandlers)
 
 TEST_F(FrameView, ClickActivatesTheView)
 {
-    m_pView->SendMessage(
-        WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(m_pFrame->m_hWnd), MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN));
+    m_pView->SendMessage(WM_MOUSEACTIVATE, reinterpret_cast<WPARAM>(m_pFrame->m_hWnd),
+                         MAKELPARAM(HTCLIENT, WM_LBUTTONDOWN));
     EXPECT_EQ(m_pFrame->GetActiveView(), m_pView);
 }
 
@@ -373,7 +373,7 @@ TEST(Frame, MissingMenuFailsAndDeletesTheFrame)
 {
     auto* const pFrame = new CTestFrame;
     EXPECT_FALSE(pFrame->Create(nullptr, L"", WS_OVERLAPPEDWINDOW, CFrameWnd::rectDefault, nullptr,
-        MAKEINTRESOURCE(IDD_MISSING)));
+                                MAKEINTRESOURCE(IDD_MISSING)));
     EXPECT_EQ(g_nFrames, 0);
 }
 
@@ -390,8 +390,8 @@ TEST(Frame, ViewThatCannotBeCreatedMakesTheFrameFail)
     context.m_pNewViewClass = RUNTIME_CLASS(CTestView);
     CTestView::s_refusesCreation = true;
     auto* const pFrame = new CTestFrame;
-    EXPECT_FALSE(pFrame->Create(
-        nullptr, L"", WS_OVERLAPPEDWINDOW, CFrameWnd::rectDefault, nullptr, nullptr, 0, &context));
+    EXPECT_FALSE(pFrame->Create(nullptr, L"", WS_OVERLAPPEDWINDOW, CFrameWnd::rectDefault, nullptr, nullptr,
+                                0, &context));
     CTestView::s_refusesCreation = false;
     EXPECT_EQ(g_nFrames, 0);
     EXPECT_EQ(g_nViews, 0);

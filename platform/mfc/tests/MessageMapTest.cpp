@@ -163,11 +163,12 @@ protected:
 };
 
 BEGIN_TEMPLATE_MESSAGE_MAP(CTemplateWnd, Tag, CTestWnd)
-    ON_MESSAGE(kMessage, &CTemplateWnd<Tag>::OnMessage)
-END_MESSAGE_MAP()
+ON_MESSAGE(kMessage, &CTemplateWnd<Tag>::OnMessage)
+END_MESSAGE_MAP
+()
 
-/// Keeps commands and notifications from its message map.
-class CDeafWnd : public CHandlingWnd
+    /// Keeps commands and notifications from its message map.
+    class CDeafWnd : public CHandlingWnd
 {
 protected:
     BOOL OnCommand(WPARAM, LPARAM) override { return TRUE; }
@@ -310,8 +311,8 @@ TEST(MessageMap, ControlColorsShareOneEntry)
     wnd.m_brush.CreateSolidBrush(RGB(1, 2, 3));
     CClientDC dc(&wnd);
     const HWND hControl = ::CreateWindow(L"EDIT", L"", WS_CHILD, 0, 0, 9, 9, wnd, nullptr, nullptr, nullptr);
-    const LRESULT result = wnd.SendMessage(
-        WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(dc.m_hDC), reinterpret_cast<LPARAM>(hControl));
+    const LRESULT result = wnd.SendMessage(WM_CTLCOLOREDIT, reinterpret_cast<WPARAM>(dc.m_hDC),
+                                           reinterpret_cast<LPARAM>(hControl));
     EXPECT_EQ(result, reinterpret_cast<LRESULT>(wnd.m_brush.GetSafeHandle()));
     EXPECT_EQ(wnd.m_nColorKind, static_cast<UINT>(CTLCOLOR_EDIT));
     EXPECT_EQ(wnd.m_hColored, hControl);

@@ -135,10 +135,12 @@ TEST(ModalLoop, MessageSentByAnotherThreadEndsAWaitingLoop)
     constexpr UINT kTooLate = 3000; // milliseconds, after which the timer ends the loop with another result
     wnd.SetTimer(1, kTooLate, [](HWND hWnd, UINT, UINT_PTR, DWORD) { ::SendMessage(hWnd, kEndLoop, 1, 0); });
     const HWND hWnd = wnd;
-    std::thread sender([hWnd] {
-        ::Sleep(200);
-        ::SendMessage(hWnd, kEndLoop, 5, 0);
-    });
+    std::thread sender(
+        [hWnd]
+        {
+            ::Sleep(200);
+            ::SendMessage(hWnd, kEndLoop, 5, 0);
+        });
     EXPECT_EQ(wnd.RunModalLoop(), 5);
     sender.join();
 }
@@ -202,13 +204,16 @@ TEST(ModalLoop, ThreadWithoutAnObjectRunsALoopToo)
 {
     int nResult = 0;
     BOOL bHadObject = TRUE;
-    std::thread([&] {
-        CModalWnd wnd;
-        wnd.CreateHidden();
-        wnd.PostMessage(kEndLoop, 9);
-        bHadObject = AfxGetThread() != nullptr;
-        nResult = wnd.RunModalLoop();
-    }).join();
+    std::thread(
+        [&]
+        {
+            CModalWnd wnd;
+            wnd.CreateHidden();
+            wnd.PostMessage(kEndLoop, 9);
+            bHadObject = AfxGetThread() != nullptr;
+            nResult = wnd.RunModalLoop();
+        })
+        .join();
     EXPECT_FALSE(bHadObject);
     EXPECT_EQ(nResult, 9);
 }

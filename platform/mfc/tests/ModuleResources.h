@@ -1,7 +1,7 @@
 #pragma once
 
-// String resources of the test program, IDs 1000 and up, and of its DLLs, 2000 and up. The script compiler reads
-// this file, too.
+// String resources of the test program, IDs 1000 and up, and of its DLLs, 2000 and up. The script compiler
+// reads this file, too.
 
 #define IDS_PROGRAM_ONLY 1000
 #define IDS_IN_BOTH 1001

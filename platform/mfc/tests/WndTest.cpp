@@ -21,10 +21,7 @@ constexpr UINT kStateTeller = WM_APP + 23;
 class CBiographer : public CWnd
 {
 public:
-    explicit CBiographer(std::string& story)
-        : m_story(story)
-    {
-    }
+    explicit CBiographer(std::string& story) : m_story(story) {}
 
     BOOL m_bAllowCreate = TRUE;
     int m_nCreateResult = 0;

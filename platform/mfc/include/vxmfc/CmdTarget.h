@@ -26,7 +26,7 @@ public:
     }
 
 private:
-    unsigned char m_bytes[sizeof(void (CCmdTarget::*)())] = {};
+    unsigned char m_bytes[sizeof(void(CCmdTarget::*)())] = {};
 };
 
 /// What the framework hands to a handler's invoker, and gets back.
@@ -35,11 +35,11 @@ struct AFX_HANDLER_CALL
     UINT nMessage = 0;
     WPARAM wParam = 0;
     LPARAM lParam = 0;
-    UINT nID = 0;               // of the command or control
-    NMHDR* pNotify = nullptr;   // WM_NOTIFY only
+    UINT nID = 0;             // of the command or control
+    NMHDR* pNotify = nullptr; // WM_NOTIFY only
     LRESULT* pNotifyResult = nullptr;
-    CCmdUI* pCmdUI = nullptr;   // command update only
-    LRESULT lResult = 0;        // of the handler
+    CCmdUI* pCmdUI = nullptr; // command update only
+    LRESULT lResult = 0;      // of the handler
 };
 
 /// Decodes a call's parameters, calls the handler, and tells whether that settled the message.
@@ -60,7 +60,7 @@ struct AFX_MSGMAP_ENTRY
 /// The message map of one class, linked to its base class's map.
 struct AFX_MSGMAP
 {
-    const AFX_MSGMAP* (PASCAL* pfnGetBaseMap)(); // null for the root
+    const AFX_MSGMAP*(PASCAL* pfnGetBaseMap)(); // null for the root
     const AFX_MSGMAP_ENTRY* pEntries;
 };
 
@@ -82,9 +82,9 @@ struct AFX_NOTIFY
 constexpr int CN_COMMAND = 0;
 constexpr int CN_UPDATE_COMMAND_UI = 0x7FFFFFFF;
 
-#define DECLARE_MESSAGE_MAP()                                \
-protected:                                                   \
-    static const AFX_MSGMAP* PASCAL GetThisMessageMap();     \
+#define DECLARE_MESSAGE_MAP() \
+protected: \
+    static const AFX_MSGMAP* PASCAL GetThisMessageMap(); \
     virtual const AFX_MSGMAP* GetMessageMap() const;
 
 /// Base of every class that has a message map.
@@ -134,9 +134,9 @@ public:
     void ContinueRouting(); ///< called by a handler: the next target in the route is asked, too
 
     UINT m_nID;
-    UINT m_nIndex;   // position in m_pMenu
-    CMenu* m_pMenu;  // null when the element is not a menu item
-    CWnd* m_pOther;  // the control; null when the element is a menu item
+    UINT m_nIndex;  // position in m_pMenu
+    CMenu* m_pMenu; // null when the element is not a menu item
+    CWnd* m_pOther; // the control; null when the element is a menu item
     BOOL m_bContinueRouting;
 
 private:

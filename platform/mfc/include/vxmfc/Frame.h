@@ -35,16 +35,17 @@ public:
     ~CFrameWnd() override;
 
     static AFX_DATA const CRect rectDefault; ///< the system chooses position and size
-    BOOL m_bAutoMenuEnable;                  ///< menu items without a handler are shown disabled; TRUE at first
+    BOOL m_bAutoMenuEnable; ///< menu items without a handler are shown disabled; TRUE at first
 
     /// @param lpszClassName  null: the framework's default class for frames.
     /// @param lpszMenuName  a menu resource, or null.
     virtual BOOL Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle = WS_OVERLAPPEDWINDOW,
-        const RECT& rect = rectDefault, CWnd* pParentWnd = nullptr, LPCTSTR lpszMenuName = nullptr,
-        DWORD dwExStyle = 0, CCreateContext* pContext = nullptr);
+                        const RECT& rect = rectDefault, CWnd* pParentWnd = nullptr,
+                        LPCTSTR lpszMenuName = nullptr, DWORD dwExStyle = 0,
+                        CCreateContext* pContext = nullptr);
     /// Creates the frame with the title string, menu, icon and accelerators that have the ID nIDResource.
     virtual BOOL LoadFrame(UINT nIDResource, DWORD dwDefaultStyle = WS_OVERLAPPEDWINDOW | FWS_ADDTOTITLE,
-        CWnd* pParentWnd = nullptr, CCreateContext* pContext = nullptr);
+                           CWnd* pParentWnd = nullptr, CCreateContext* pContext = nullptr);
     BOOL LoadAccelTable(LPCTSTR lpszResourceName);
 
     virtual void ActivateFrame(int nCmdShow = -1);

@@ -183,9 +183,9 @@ struct CommandUi
 /// What a handler's result says.
 enum class HandlerResult
 {
-    Answer,       ///< it is the message's result
-    Handled,      ///< TRUE: the message is settled, FALSE: the search for a handler goes on
-    AnswerIfAny,  ///< the message's result, or null: the search goes on
+    Answer,      ///< it is the message's result
+    Handled,     ///< TRUE: the message is settled, FALSE: the search for a handler goes on
+    AnswerIfAny, ///< the message's result, or null: the search goes on
 };
 
 /// Makes the map entries for one handler signature.
@@ -202,15 +202,15 @@ struct Handler
 
     template<class Class>
     static AFX_MSGMAP_ENTRY Entry(UINT message, UINT nCode, UINT nFirstID, UINT nLastID,
-        Result (Class::*pfnHandler)(typename Parameters::Type...))
+                                  Result (Class::*pfnHandler)(typename Parameters::Type...))
     {
         const Function pfnOfTarget = static_cast<Function>(pfnHandler);
         return {message, nCode, nFirstID, nLastID, nullptr, &Invoke, AFX_PMSG(pfnOfTarget)};
     }
 
     template<class Class>
-    static AFX_MSGMAP_ENTRY RegisteredEntry(
-        const UINT& message, Result (Class::*pfnHandler)(typename Parameters::Type...))
+    static AFX_MSGMAP_ENTRY RegisteredEntry(const UINT& message,
+                                            Result (Class::*pfnHandler)(typename Parameters::Type...))
     {
         AFX_MSGMAP_ENTRY entry = Entry(0, pfnHandler);
         entry.pRegisteredMessage = &message;

@@ -33,15 +33,15 @@ VXMFC_API BOOL AFXAPI AfxRegisterClass(WNDCLASS* lpWndClass);
 /// @param hCursor  null stands for the arrow.
 /// @param hIcon  null stands for the system's application icon.
 /// @return the class's name, valid while the module is loaded. Throws CResourceException when refused.
-VXMFC_API LPCTSTR AFXAPI AfxRegisterWndClass(
-    UINT nClassStyle, HCURSOR hCursor = nullptr, HBRUSH hbrBackground = nullptr, HICON hIcon = nullptr);
+VXMFC_API LPCTSTR AFXAPI AfxRegisterWndClass(UINT nClassStyle, HCURSOR hCursor = nullptr,
+                                             HBRUSH hbrBackground = nullptr, HICON hIcon = nullptr);
 
 /// A window: the object that a window's messages go to, and wrappers of the calls that take a window.
 ///
-/// An object and its window live apart: the window is made by Create or CreateEx, or adopted by Attach or one of
-/// the Subclass functions, and DestroyWindow ends it without ending the object. The destructor destroys a window
-/// that is still there; the derived class is gone then and sees none of it. Functions that return a CWnd* for
-/// a window without an object answer a temporary one, which lives until the next idle processing.
+/// An object and its window live apart: the window is made by Create or CreateEx, or adopted by Attach or one
+/// of the Subclass functions, and DestroyWindow ends it without ending the object. The destructor destroys a
+/// window that is still there; the derived class is gone then and sees none of it. Functions that return a
+/// CWnd* for a window without an object answer a temporary one, which lives until the next idle processing.
 class VXMFC_API CWnd : public CCmdTarget
 {
     DECLARE_DYNCREATE(CWnd)
@@ -74,11 +74,12 @@ public:
     // Creation and destruction
     /// Creates a child window.
     virtual BOOL Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
-        CWnd* pParentWnd, UINT nID, CCreateContext* pContext = nullptr);
+                        CWnd* pParentWnd, UINT nID, CCreateContext* pContext = nullptr);
     virtual BOOL CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
-        int x, int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu, LPVOID lpParam = nullptr);
+                          int x, int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu,
+                          LPVOID lpParam = nullptr);
     virtual BOOL CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
-        const RECT& rect, CWnd* pParentWnd, UINT nID, LPVOID lpParam = nullptr);
+                          const RECT& rect, CWnd* pParentWnd, UINT nID, LPVOID lpParam = nullptr);
     virtual BOOL DestroyWindow();
 
     // State and position
@@ -151,7 +152,7 @@ public:
     void ValidateRect(LPCRECT lpRect);
     void ValidateRgn(CRgn* pRgn);
     BOOL RedrawWindow(LPCRECT lpRectUpdate = nullptr, CRgn* prgnUpdate = nullptr,
-        UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE);
+                      UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE);
     BOOL LockWindowUpdate();
     void UnlockWindowUpdate();
     void Print(CDC* pDC, DWORD dwFlags) const;
@@ -170,7 +171,7 @@ public:
     virtual CScrollBar* GetScrollBarCtrl(int nBar) const; ///< a control that stands for the window's own bar
     void ScrollWindow(int xAmount, int yAmount, LPCRECT lpRect = nullptr, LPCRECT lpClipRect = nullptr);
     int ScrollWindowEx(int dx, int dy, LPCRECT lpRectScroll, LPCRECT lpRectClip, CRgn* prgnUpdate,
-        LPRECT lpRectUpdate, UINT flags);
+                       LPRECT lpRectUpdate, UINT flags);
 
     // Other windows
     CWnd* GetParent() const;
@@ -216,15 +217,15 @@ public:
     LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     BOOL SendNotifyMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    void SendMessageToDescendants(
-        UINT message, WPARAM wParam = 0, LPARAM lParam = 0, BOOL bDeep = TRUE, BOOL bOnlyPerm = FALSE);
+    void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0, BOOL bDeep = TRUE,
+                                  BOOL bOnlyPerm = FALSE);
     LRESULT SendDlgItemMessage(int nID, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
     virtual BOOL PreTranslateMessage(MSG* pMsg); ///< nonzero: the message is not to be dispatched
     BOOL IsDialogMessage(LPMSG lpMsg);
     /// Lets the message's window and its ancestors, up to hWndStop, pre-translate the message.
     static BOOL PASCAL WalkPreTranslateTree(HWND hWndStop, MSG* pMsg);
-    UINT_PTR SetTimer(
-        UINT_PTR nIDEvent, UINT nElapse, void(CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD));
+    UINT_PTR SetTimer(UINT_PTR nIDEvent, UINT nElapse,
+                      void(CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD));
     BOOL KillTimer(UINT_PTR nIDEvent);
     int MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption = nullptr, UINT nType = MB_OK);
     void DragAcceptFiles(BOOL bAccept = TRUE);
@@ -257,7 +258,7 @@ public:
     };
     /// Lets the control bars of an ID range take space from the client area and gives the rest to one window.
     void RepositionBars(UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver, UINT nFlag = reposDefault,
-        LPRECT lpRectParam = nullptr, LPCRECT lpRectClient = nullptr, BOOL bStretch = TRUE);
+                        LPRECT lpRectParam = nullptr, LPCRECT lpRectClient = nullptr, BOOL bStretch = TRUE);
 
     // Modality
     virtual void BeginModalState();
