@@ -7,14 +7,16 @@
 /// it was first created with and the DPI that the size was meant for, so that re-creating it at any number of
 /// later DPIs always scales the remembered size, and rounding never adds up:
 ///
-///     LOGFONTW logFont = {};
-///     logFont.lfHeight = -12;
-///     m_font.CreateFontIndirectW(&logFont, 96);              // -12 is meant for 96 DPI
+///     m_font.InitFontSize(-12, 0, 96);                       // once: -12 pixels are meant for 96 DPI
 ///     ...
-///     m_font.DeleteObject();                                 // after a DPI change
-///     m_font.CreateFontIndirectW(&logFont, VxSafeGetDpiForWindow(m_hWnd));
+///     SetFont(nullptr);                                      // at start and after a DPI change
+///     m_font.DeleteObject();
+///     m_font.CreateFontIndirectW(&m_logFont, VxSafeGetDpiForWindow(m_hWnd));
+///     SetFont(&m_font);
 ///
-/// Give the window its new font before the old one is deleted, or it draws with a font that is gone.
+/// A window must not be left with a font that is deleted: take the font from the window first, as here, or
+/// let two objects take turns. Fonts belong to the thread that creates them, as all objects of the framework
+/// do.
 
 #include <afxwin.h>
 
@@ -37,7 +39,7 @@ VXDPI_API HFONT CreateFont_DPIAware(HWND hWnd, int nPointSize, int nWidth, int n
 /// Creates a font from a description at 96 DPI for the DPI of a window.
 /// @param pLogFont  the font; lfHeight in 96-DPI units is replaced by the scaled height in device pixels, so
 ///        a second call with the same record scales twice. The other fields are left as they are.
-/// @param hWnd  the window; null counts as 96 DPI.
+/// @param hWnd  the window; null and dead windows count as 96 DPI.
 /// @return the font, which the caller frees with DeleteObject; null for a null record, or when GDI can't
 ///         create it (the height is scaled then, too).
 VXDPI_API HFONT CreateFontIndirect_DPIAware(LOGFONTW* pLogFont, HWND hWnd);
@@ -47,8 +49,9 @@ VXDPI_API HFONT CreateFontIndirect_DPIAware(LOGFONTW* pLogFont, HWND hWnd);
 /// The first creation (or InitFontSize) records the size and the DPI that it is meant for; that record is
 /// kept for the object's life. From then on the sizes in the arguments are ignored, while the other
 /// attributes are taken from each call. A creation does not delete a font that is still attached: call
-/// DeleteObject first. Every creation returns TRUE when a font was created and attached. A size whose product
-/// with the DPI leaves 32 bits is used unscaled.
+/// DeleteObject first. Every creation returns TRUE when a font was created and attached; when GDI can't create
+/// it, the size is recorded and the caller's description rewritten all the same. A size whose product with the
+/// DPI leaves 32 bits is used unscaled.
 class VXDPI_API CFontDPIAware : public CFont
 {
 public:

@@ -3,11 +3,17 @@
 /// @file
 /// Sizes and places of top-level windows across monitors of different DPI.
 ///
-///     CRect rcSaved = LoadRectFromSettings();                          // as GetWindowRect told it at exit
-///     CRect rcDesigned;
-///     GetWindowRect(&rcDesigned);
-///     RestoreWindowPositionSafe(this, rcSaved, rcDesigned);            // never with an unreachable title
-///     bar
+///     // at exit: the place in pixels, the size in 96-DPI units
+///     CRect rcNow;
+///     GetWindowRect(&rcNow);
+///     CRect rc96 = rcNow;
+///     ConvertTo96DPIRect(m_hWnd, rc96);
+///     SaveToSettings(CRect(rcNow.TopLeft(), rc96.Size()));
+///
+///     // at start: never with a title bar that can't be reached
+///     CRect rcSaved = LoadFromSettings();
+///     CRect rcNone(0, 0, 0, 0);
+///     RestoreWindowPositionSafe(this, rcSaved, rcNone);
 ///
 /// Rectangles of windows are in screen coordinates, device pixels. All functions belong to the thread of the
 /// windows that they are given; whatever they create they release.
@@ -23,8 +29,9 @@
 VXDPI_API int GetCurrentScreenWorkArea(HWND hwnd, RECT& rcWork);
 
 /// Converts a rectangle from a window's DPI to 96 DPI.
-/// @param hwnd  the window; for a null or dead one the rectangle stays as it is.
+/// @param hwnd  the window; a null or dead one counts as 96 DPI, at which the rectangle stays as it is.
 /// @param rc  in device pixels; becomes 96-DPI units, each edge rounded by itself, halves away from zero.
+///        Worked out in single precision, which holds coordinates up to 16777216 exactly.
 VXDPI_API void ConvertTo96DPIRect(HWND hwnd, RECT& rc);
 
 /// Gives a window its saved size and place, or centres it where its title bar could not be reached at the
@@ -37,7 +44,8 @@ VXDPI_API void ConvertTo96DPIRect(HWND hwnd, RECT& rc);
 /// @param rcSaved  the saved rectangle. When its size differs from that of rcReference the size is taken to
 ///        be in 96-DPI units and replaced, in the caller's rectangle, by the size at the window's DPI.
 /// @param rcReference  only its size counts.
-/// @return TRUE, or FALSE with nothing changed when pWnd is null or not a window.
+/// @return TRUE, also when the platform refuses to move the window; FALSE with nothing changed when pWnd is
+///         null or not a window.
 VXDPI_API int RestoreWindowPositionSafe(CWnd* pWnd, CRect& rcSaved, CRect& rcReference);
 
 /// Measures the font that is selected into a device context, as dialog units are based on it.
@@ -52,6 +60,7 @@ VXDPI_API int GetFontBasedDialogUnits(HDC hdc, SIZE& units);
 /// there.
 /// @param pWnd  a window that has a font.
 /// @param newDpi  dots per inch.
-/// @return the client rectangle in device pixels at newDpi; (0, 0, 0, 0) when pWnd is null, without window or
-///         without font, newDpi is 0, or a font can't be made or measured.
+/// @return the client rectangle in device pixels at newDpi; (0, 0, 0, 0) when pWnd is null or without window,
+///         newDpi is 0, the window gives no device context or has no font, or a font can't be made or
+///         measured.
 VXDPI_API CRect GetClientSizeForDpi(CWnd* pWnd, UINT newDpi);

@@ -38,8 +38,8 @@ struct VXDPI_API LayoutInfo
 {
     CWnd* pWnd = nullptr; ///< the control's window object; not owned
     UINT nCtrlID = 0;     ///< dialog item ID; when not 0 the control is found by it and not by pWnd
-    CRect rcBase96 =
-        CRect(0, 0, 0, 0); ///< place in the parent's client area at 96 DPI; all 0: not captured yet
+    /// Place in the parent's client area at 96 DPI; all 0: not captured yet.
+    CRect rcBase96 = CRect(0, 0, 0, 0);
     UINT nAnchor = 0;      ///< one of the ANCHOR_ values
     UINT nSizePolicy = 0;  ///< combination of the SIZE_ flags
     int bMinSize = FALSE;  ///< not 0: stretching never makes it smaller than its scaled designed size
@@ -55,9 +55,11 @@ struct VXDPI_API LayoutInfo
 class VXDPI_API CDpiLayoutManager
 {
 public:
+    /// Makes a manager without records, for 96 DPI.
     /// @param pParent  the window whose children are laid out; not owned. May be null: nothing is laid out
     ///        then.
-    explicit CDpiLayoutManager(CWnd* pParent);
+    /// When memory is short the manager refuses every control.
+    CDpiLayoutManager(CWnd* pParent);
     CDpiLayoutManager(const CDpiLayoutManager& other);
     CDpiLayoutManager& operator=(const CDpiLayoutManager& other);
     virtual ~CDpiLayoutManager();
@@ -65,40 +67,46 @@ public:
     // The virtual table has the overloads in the order of the second list. Microsoft's compiler places
     // overloads of one name in reverse order of their declaration, so it is given the list backwards.
 #if defined(_MSC_VER)
+    /// Registers a control, in place of any record that the window has; its place is captured by the first
+    /// AdjustLayout of the manager. A control added after that keeps an empty rectangle, and is laid out from
+    /// it.
+    /// @param pWnd  the control; kept in the record. It must live until then, and as long as the manager when
+    ///        its dialog item ID is 0.
+    /// @param nAnchor  one of the ANCHOR_ values.
+    /// @param nSizePolicy  combination of the SIZE_ flags.
+    /// @param bMinSize  not 0: stretching never makes it smaller than its scaled designed size.
+    /// @return TRUE, or FALSE with nothing stored when pWnd is null or memory was short at construction.
     virtual int AddControl(CWnd* pWnd, UINT nAnchor, UINT nSizePolicy, int bMinSize);
-    virtual int AddControl(UINT nID, UINT nAnchor, UINT nSizePolicy, int bMinSize);
-    virtual int AddControl(CWnd* pWnd, LayoutInfo info);
-    virtual int AddControl(UINT nID, LayoutInfo info);
-#else
-    /// Registers a child with a ready record.
+
+    /// Registers a child, as the overload with a window does. For a child without an object of its own, the
+    /// framework's temporary one is kept in the record: call AdjustLayout before the thread is idle again, as
+    /// in OnInitDialog.
     /// @param nID  dialog item ID of the child.
-    /// @param info  as for the overload with a window.
-    /// @return TRUE, or FALSE with nothing stored when there is no parent or no such child.
-    virtual int AddControl(UINT nID, LayoutInfo info);
+    /// @param nAnchor  one of the ANCHOR_ values.
+    /// @param nSizePolicy  combination of the SIZE_ flags.
+    /// @param bMinSize  not 0: stretching never makes it smaller than its scaled designed size.
+    /// @return TRUE, or FALSE with nothing stored when there is no parent or no such child, or memory was
+    ///         short at construction.
+    virtual int AddControl(UINT nID, UINT nAnchor, UINT nSizePolicy, int bMinSize);
 
     /// Registers a control with a ready record, in place of any record that the window has.
     /// @param pWnd  the control, whose handle the record is stored under.
     /// @param info  stored as it is; its pWnd and nCtrlID are not filled in, and a record with neither is
     ///        never laid out. A rectangle that is not all 0 counts as captured, with the margins that the
     ///        record has.
-    /// @return TRUE, or FALSE with nothing stored when pWnd is null.
+    /// @return TRUE, or FALSE with nothing stored when pWnd is null or memory was short at construction.
     virtual int AddControl(CWnd* pWnd, LayoutInfo info);
 
-    /// Registers a child; its place is captured by the first AdjustLayout.
+    /// Registers a child with a ready record, as the overload with a window does.
     /// @param nID  dialog item ID of the child.
-    /// @param nAnchor  one of the ANCHOR_ values.
-    /// @param nSizePolicy  combination of the SIZE_ flags.
-    /// @param bMinSize  not 0: stretching never makes it smaller than its scaled designed size.
-    /// @return TRUE, or FALSE with nothing stored when there is no parent or no such child.
+    /// @param info  stored as it is.
+    /// @return TRUE, or FALSE with nothing stored when there is no parent or no such child, or memory was
+    ///         short at construction.
+    virtual int AddControl(UINT nID, LayoutInfo info);
+#else
+    virtual int AddControl(UINT nID, LayoutInfo info);
+    virtual int AddControl(CWnd* pWnd, LayoutInfo info);
     virtual int AddControl(UINT nID, UINT nAnchor, UINT nSizePolicy, int bMinSize);
-
-    /// Registers a control, in place of any record that the window has; its place is captured by the first
-    /// AdjustLayout.
-    /// @param pWnd  the control; kept in the record, so it must live until then.
-    /// @param nAnchor  one of the ANCHOR_ values.
-    /// @param nSizePolicy  combination of the SIZE_ flags.
-    /// @param bMinSize  not 0: stretching never makes it smaller than its scaled designed size.
-    /// @return TRUE, or FALSE with nothing stored when pWnd is null.
     virtual int AddControl(CWnd* pWnd, UINT nAnchor, UINT nSizePolicy, int bMinSize);
 #endif
 
@@ -111,25 +119,35 @@ protected:
     /// Captures, at 96 DPI, the place and the margins of every record whose rectangle is all 0.
     virtual void AutoCaptureRects();
 
+    /// Tells where a control goes.
+    /// @param info  the control's record.
     /// @param parentClient  the parent's client area in device pixels.
-    /// @return where a control goes, in device pixels of the parent's client area.
+    /// @return a rectangle in device pixels of the parent's client area; a stretched side may be 0 or
+    ///         negative.
     virtual CRect GetControlRect(const LayoutInfo& info, const CRect& parentClient);
 
+    /// Scales a rectangle to the current DPI.
     /// @param rc96  a rectangle at 96 DPI.
     /// @return the rectangle in device pixels; each edge is rounded by itself, halves away from zero.
     virtual CRect GetScaledRect(const CRect& rc96) const;
 
     /// Sets the right and bottom edge of a control from its size flags.
     /// @param rc  the control's place so far, in device pixels.
+    /// @param parentClient  the parent's client area in device pixels.
+    /// @param info  the control's record. Without its bMinSize a stretched side may become 0 or negative.
     virtual void ApplySizePolicy(CRect& rc, CRect parentClient, LayoutInfo info);
 
     /// Moves a control, with its size, according to its anchor.
     /// @param rc  the control's place so far, in device pixels.
+    /// @param parentClient  the parent's client area in device pixels.
+    /// @param info  the control's record.
     virtual void ApplyAnchor(CRect& rc, CRect parentClient, const LayoutInfo& info);
 
+    /// Scales a rectangle back to 96 DPI.
     /// @param rc  device pixels; becomes 96-DPI units, each edge rounded by itself, halves away from zero.
     virtual void ConvertTo96DPIRect(CRect& rc);
 
+    /// Scales a length to the current DPI.
     /// @param v  a length at 96 DPI.
     /// @return the length in device pixels, rounded, halves away from zero.
     int ScaleX(int v) const;

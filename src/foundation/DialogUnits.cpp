@@ -39,7 +39,8 @@ bool MeasureAtBothDpis(CWnd& wnd, UINT nCurrentDpi, UINT nNewDpi, SIZE& currentU
         if (!pFont)
             return false;
         LOGFONTW logFont = {};
-        pFont->GetLogFont(&logFont);
+        if (!pFont->GetLogFont(&logFont))
+            return false;
         currentUnits = UnitsOfFont(dc.m_hDC, logFont);
         logFont.lfHeight = GuardedScale(logFont.lfHeight, nNewDpi, nCurrentDpi);
         newUnits = UnitsOfFont(dc.m_hDC, logFont);

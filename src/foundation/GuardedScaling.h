@@ -12,8 +12,11 @@ inline INT GuardedScale(INT value, UINT multiplier, UINT divisor)
 {
     if (divisor == 0)
         return value;
+    // In parentheses, for max and min may be macros of the platform.
+    constexpr INT kLargest = (std::numeric_limits<INT>::max)();
+    constexpr INT kSmallest = (std::numeric_limits<INT>::min)();
     const std::int64_t product = std::int64_t{value} * std::int64_t{multiplier};
-    if (product > std::numeric_limits<INT>::max() || product < std::numeric_limits<INT>::min())
+    if (product > kLargest || product < kSmallest)
         return value;
     return MulDiv(value, static_cast<INT>(multiplier), static_cast<INT>(divisor));
 }

@@ -28,5 +28,5 @@ INT RoundHalfAway(Float value)
     constexpr Float kBelowHalf = (1 - std::numeric_limits<Float>::epsilon() / 2) / 2;
     const Float shifted = value + std::copysign(kBelowHalf, value);
     const bool fits = shifted >= -kTwoTo31 && shifted < kTwoTo31;
-    return fits ? static_cast<INT>(shifted) : std::numeric_limits<INT>::min();
+    return fits ? static_cast<INT>(shifted) : (std::numeric_limits<INT>::min)();
 }

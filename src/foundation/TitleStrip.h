@@ -2,6 +2,8 @@
 
 #include "WrappingArithmetic.h"
 
+#include <cstdint>
+
 /// When a window's title bar can be reached with the mouse.
 namespace TitleStrip
 {
@@ -17,9 +19,9 @@ struct FrameMetrics
     int captionButtonWidth;
 };
 
-inline int Height(const FrameMetrics& metrics)
+inline LONG Height(const FrameMetrics& metrics)
 {
-    return metrics.captionHeight + metrics.frameHeight;
+    return WrappingAdd(metrics.captionHeight, metrics.frameHeight);
 }
 
 /// The part of a window's rectangle that the title bar takes up.
@@ -31,8 +33,8 @@ inline RECT Of(const RECT& window, const FrameMetrics& metrics)
 /// Whether a visible part, given by its bounding box, leaves enough to grip.
 inline bool IsReachable(const RECT& visible, const FrameMetrics& metrics)
 {
-    const LONG minWidth = kCaptionButtons * metrics.captionButtonWidth;
-    const LONG minHeight = Height(metrics) * kVisiblePercent / kWholePercent;
+    const std::int64_t minWidth = std::int64_t{kCaptionButtons} * metrics.captionButtonWidth;
+    const std::int64_t minHeight = std::int64_t{kVisiblePercent} * Height(metrics) / kWholePercent;
     return WrappingWidth(visible) >= minWidth && WrappingHeight(visible) >= minHeight;
 }
 

@@ -272,6 +272,18 @@ TEST(CDpiAwareRes, ForAHugeDpiTheDistanceIsSigned)
     EXPECT_EQ(BestDpi({0x80000001, 0xFFFFFFFF}, 0), 0xFFFFFFFFu);
 }
 
+TEST(CDpiAwareRes, TheFarthestDpiAboveCounts)
+{
+    EXPECT_EQ(BestDpi({0x7FFFFFFF}, 0), 0x7FFFFFFFu);
+}
+
+// One entry 10 below the aim, the other 10 above it by wrapping around.
+TEST(CDpiAwareRes, OfTwoEntriesEquallyFarTheOneForTheHigherDpiIsTheBest)
+{
+    EXPECT_EQ(BestDpi({0xFFFFFFF5, 9}, 0xFFFFFFFF), 0xFFFFFFF5u);
+    EXPECT_EQ(BestDpi({9, 0xFFFFFFF5}, 0xFFFFFFFF), 0xFFFFFFF5u);
+}
+
 TEST(CDpiAwareRes, OfTwoEqualEntriesTheLaterIsTheBest)
 {
     CDpiAwareRes registry;
@@ -569,6 +581,19 @@ TEST(CDpiAwareRes, RegistrationThrowsWhenMemoryIsShortAndChangesNothing)
     }
     EXPECT_FALSE(WaitsFor(*FieldsOf(registry).pMutex, [] {}));
     EXPECT_EQ(BestDpi(registry, 144), 96u);
+}
+
+TEST(CDpiAwareRes, ReplacingThrowsWhenMemoryIsShortWithTheIdReplacedAlready)
+{
+    CDpiAwareRes registry;
+    registry.RegisterIconResource(96, 11, {16});
+    {
+        const ShortMemory shortMemory(1);
+        EXPECT_THROW(registry.RegisterIconResource(96, 12, {24, 32}), std::bad_alloc);
+    }
+    ASSERT_NE(registry.FindBestResource(), nullptr);
+    EXPECT_EQ(registry.FindBestResource()->nResourceId, 12u);
+    EXPECT_EQ(registry.FindBestResource()->values, Values{16});
 }
 
 // A mutex allocates what it needs when it is locked for the first time.

@@ -43,6 +43,15 @@ TEST(TitleStrip, ThePercentageIsCutOff)
     EXPECT_FALSE(TitleStrip::IsReachable({0, 0, 54, 15}, kOddFrame));
 }
 
+TEST(TitleStrip, MetricsBeyondAllMonitorsAreNeverReached)
+{
+    constexpr TitleStrip::FrameMetrics kWideButtons = {23, 7, INT32_MAX};
+    constexpr TitleStrip::FrameMetrics kHighCaption = {INT32_MAX - 7, 7, 36};
+    EXPECT_FALSE(TitleStrip::IsReachable({0, 0, INT32_MAX, 30}, kWideButtons));
+    EXPECT_FALSE(TitleStrip::IsReachable({0, 0, 108, 1503238551}, kHighCaption));
+    EXPECT_TRUE(TitleStrip::IsReachable({0, 0, 108, 1503238552}, kHighCaption));
+}
+
 TEST(TitleStrip, TheCentreIsCutOffTowardsZero)
 {
     EXPECT_EQ(TitleStrip::CentreOf({10, 20, 31, 51}).x, 20);

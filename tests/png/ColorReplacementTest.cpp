@@ -177,12 +177,12 @@ TEST_F(ReplaceColor, LocksTheWholePictureForReadingAndWritingOnce)
 TEST_F(ReplaceColor, PixelsThatAreFullyTransparentKeepTheirHiddenColour)
 {
     Register(96, IDR_PNG_16);
-    std::vector<std::uint32_t> pixels = {0x00123456, 0x01123456, 0xff123456,
-                                         0x00ffffff, 0x80000000, 0xfe0a0b0c};
-    const FakePixels fake(pixels, 3, 2, 12, 0);
+    std::vector<std::uint32_t> pixels = {0x00123456, 0x01123456, 0xff123456, 0x00ffffff,
+                                         0x80000000, 0x00654321, 0xfe0a0b0c};
+    const FakePixels fake(pixels, 7, 1, 28, 0);
     EXPECT_NE(Replace(96), nullptr);
     EXPECT_EQ(pixels, (std::vector<std::uint32_t>{0x00123456, 0x01ff0000, 0xffff0000, 0x00ffffff, 0x80ff0000,
-                                                  0xfeff0000}));
+                                                  0x00654321, 0xfeff0000}));
 }
 
 TEST_F(ReplaceColor, WhatStandsBetweenTheRowsIsNotTouched)
