@@ -49,9 +49,9 @@ VXDPI_API HFONT CreateFontIndirect_DPIAware(LOGFONTW* pLogFont, HWND hWnd);
 /// The first creation (or InitFontSize) records the size and the DPI that it is meant for; that record is
 /// kept for the object's life. From then on the sizes in the arguments are ignored, while the other
 /// attributes are taken from each call. A creation does not delete a font that is still attached: call
-/// DeleteObject first. Every creation returns TRUE when a font was created and attached; when GDI can't create
-/// it, the size is recorded and the caller's description rewritten all the same. A size whose product with the
-/// DPI leaves 32 bits is used unscaled.
+/// DeleteObject first. Every creation returns TRUE when a font was created and attached; when GDI can't
+/// create it, the size is recorded and the caller's description rewritten all the same. A size whose product
+/// with the DPI leaves 32 bits is used unscaled.
 class VXDPI_API CFontDPIAware : public CFont
 {
 public:

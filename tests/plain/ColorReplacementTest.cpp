@@ -115,30 +115,40 @@ TEST(ColorReplacement, UnalignedRunsAreServed)
     }
 }
 
+namespace
+{
+constexpr std::size_t kRows = 5;
+
+// What a picture with gaps between its rows should become: the gaps stay as they are.
+std::vector<DWORD> ModelRows(std::vector<DWORD> pixels, std::size_t width, std::size_t pitch)
+{
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        pixels[i] = i % pitch < width ? ModelPixel(pixels[i], kRed) : pixels[i];
+    return pixels;
+}
+
+void ExpectRowsReplaced(std::size_t width, std::size_t gap, bool bottomUp)
+{
+    const std::size_t pitch = width + gap;
+    std::vector<DWORD> pixels = RandomPixels(pitch * kRows, static_cast<unsigned>(width));
+    const std::vector<DWORD> expected = ModelRows(pixels, width, pitch);
+    const INT stride = static_cast<INT>(pitch * sizeof(DWORD));
+    DWORD* const pFirstRow = bottomUp ? pixels.data() + pitch * (kRows - 1) : pixels.data();
+    ColorReplacement::ReplaceInImage(pFirstRow, static_cast<UINT>(width), kRows, bottomUp ? -stride : stride,
+                                     kRed);
+    EXPECT_EQ(pixels, expected) << "width " << width << ", gap " << gap;
+}
+} // namespace
+
 // Rows that touch are one run; rows with a gap keep what lies in the gap, in either direction.
 TEST(ColorReplacement, RowsOfEveryWidthAndStrideAgreeWithTheModel)
 {
-    constexpr std::size_t kRows = 5;
     for (std::size_t width = 1; width <= 80; ++width)
     {
         for (const std::size_t gap : {std::size_t(0), std::size_t(1), std::size_t(3)})
         {
-            for (const bool bottomUp : {false, true})
-            {
-                const std::size_t pitch = width + gap;
-                std::vector<DWORD> pixels = RandomPixels(pitch * kRows, static_cast<unsigned>(width));
-                std::vector<DWORD> expected = pixels;
-                for (std::size_t i = 0; i < expected.size(); ++i)
-                {
-                    if (i % pitch < width)
-                        expected[i] = ModelPixel(expected[i], kRed);
-                }
-                const INT stride = static_cast<INT>(pitch * sizeof(DWORD));
-                DWORD* const pFirstRow = bottomUp ? pixels.data() + pitch * (kRows - 1) : pixels.data();
-                ColorReplacement::ReplaceInImage(pFirstRow, static_cast<UINT>(width), kRows,
-                                                 bottomUp ? -stride : stride, kRed);
-                ASSERT_EQ(pixels, expected) << "width " << width << ", gap " << gap;
-            }
+            ExpectRowsReplaced(width, gap, false);
+            ExpectRowsReplaced(width, gap, true);
         }
     }
 }

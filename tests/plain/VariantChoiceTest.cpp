@@ -17,6 +17,7 @@ struct Entry
 UINT ChosenDpi(std::vector<Entry> entries, UINT nDpi)
 {
     std::vector<Entry*> pointers;
+    pointers.reserve(entries.size());
     for (Entry& entry : entries)
         pointers.push_back(&entry);
     const Entry* const pChosen = VariantChoice::Choose(pointers, nDpi);
