@@ -72,7 +72,12 @@ CRect CCanvas::PictureRect(const CPoint& topLeft, const CSize& size) const
 
 void CCanvas::Text(const CRect& area, LPCTSTR pszText, TextRole role, COLORREF color, UINT nFormat) const
 {
-    const CScopedSelection font(m_dc, m_style.Font(role));
+    Text(area, pszText, m_style.Font(role), color, nFormat);
+}
+
+void CCanvas::Text(const CRect& area, LPCTSTR pszText, HFONT hFont, COLORREF color, UINT nFormat) const
+{
+    const CScopedSelection font(m_dc, hFont);
     m_dc.SetTextColor(color);
     m_dc.SetBkMode(TRANSPARENT);
     CRect pixels = ToPixels(area);

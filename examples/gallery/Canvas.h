@@ -36,6 +36,7 @@ public:
 
     void Text(const CRect& area, LPCTSTR pszText, TextRole role, COLORREF color,
               UINT nFormat = DT_LEFT) const;
+    void Text(const CRect& area, LPCTSTR pszText, HFONT hFont, COLORREF color, UINT nFormat = DT_LEFT) const;
 
     /// Draws the page's name and a sentence about it at the top of an area.
     void PageTitle(const CRect& area, LPCTSTR pszTitle, LPCTSTR pszExplanation) const;

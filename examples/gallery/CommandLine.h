@@ -2,6 +2,15 @@
 
 #include <afxwin.h>
 
+#include <vector>
+
+/// A page, and the file that a picture of it goes to.
+struct PictureOrder
+{
+    CString pageName; // empty: the first page
+    CString file;
+};
+
 /// What the user asked for on the command line.
 struct CommandLine
 {
@@ -14,9 +23,10 @@ struct CommandLine
     };
 
     Action action = Action::ShowWindow;
-    CString pageName;    // empty: the first page
-    CString captureFile; // empty: the window stays open
-    CString error;       // why the command line is refused
+    CString pageName;                   // to open with; empty: the first page
+    CSize size96 = CSize(0, 0);         // of the window; none: the gallery's own
+    std::vector<PictureOrder> pictures; // to take one after the other; none: the window stays open
+    CString error;                      // why the command line is refused
 };
 
 /// Reads the process's command line.

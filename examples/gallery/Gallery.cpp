@@ -12,7 +12,8 @@ namespace
 constexpr int kExitFailed = 1;
 constexpr int kExitRefused = 2;
 
-constexpr ULONGLONG kSettleMilliseconds = 500;
+constexpr DWORD kQuietMilliseconds = 120;
+constexpr ULONGLONG kLongestSettleMilliseconds = 3000;
 
 CString ListOfPages()
 {
@@ -25,14 +26,28 @@ CString ListOfPages()
     return text;
 }
 
-// Lets the program's windows draw themselves for a while.
-// @return false when the program was told to end meanwhile.
-bool RunFor(CWinApp& app, ULONGLONG milliseconds)
+// @return the first page named that there is none of, else an empty text.
+CString FindMissingPage(const CommandLine& commandLine)
 {
-    const ULONGLONG end = ::GetTickCount64() + milliseconds;
-    for (ULONGLONG now = ::GetTickCount64(); now < end; now = ::GetTickCount64())
+    std::vector<CString> names = {commandLine.pageName};
+    for (const PictureOrder& order : commandLine.pictures)
+        names.push_back(order.pageName);
+    for (const CString& name : names)
     {
-        ::MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+        if (FindPage(name) == kNoPage)
+            return name;
+    }
+    return CString();
+}
+
+// Lets the program's windows draw themselves until nothing more happens.
+// @return false when the program was told to end meanwhile.
+bool RunUntilQuiet(CWinApp& app)
+{
+    const ULONGLONG end = ::GetTickCount64() + kLongestSettleMilliseconds;
+    while (::GetTickCount64() < end &&
+           ::MsgWaitForMultipleObjects(0, nullptr, FALSE, kQuietMilliseconds, QS_ALLINPUT) != WAIT_TIMEOUT)
+    {
         MSG message = {};
         while (::PeekMessage(&message, nullptr, 0, 0, PM_NOREMOVE))
         {
@@ -53,16 +68,16 @@ BOOL CGalleryApp::InitInstance()
     if (DoWithoutWindow(commandLine))
         return FALSE;
 
-    if (!StartupGdiPlusByVxDpi() || !OpenWindow(commandLine.pageName))
+    if (!StartupGdiPlusByVxDpi() || !OpenWindow(commandLine))
     {
         ReportError(L"the window can't be opened");
         m_nExitCode = kExitFailed;
         return FALSE;
     }
-    if (commandLine.captureFile.IsEmpty())
+    if (commandLine.pictures.empty())
         return TRUE;
 
-    Capture(commandLine.captureFile);
+    TakePictures(commandLine);
     return FALSE;
 }
 
@@ -91,37 +106,54 @@ bool CGalleryApp::DoWithoutWindow(const CommandLine& commandLine)
     default:
         break;
     }
-    if (commandLine.pageName.IsEmpty() || FindPage(commandLine.pageName) != kNoPage)
+    const CString missing = FindMissingPage(commandLine);
+    if (missing.IsEmpty())
         return false;
 
-    ReportError(L"no such page: " + commandLine.pageName + L"\nThe pages are:\n" + ListOfPages());
+    ReportError(L"no such page: " + missing + L"\nThe pages are:\n" + ListOfPages());
     m_nExitCode = kExitRefused;
     return true;
 }
 
-bool CGalleryApp::OpenWindow(const CString& pageName)
+bool CGalleryApp::OpenWindow(const CommandLine& commandLine)
 {
-    auto* const pFrame = new CMainFrame; // deletes itself when its window is destroyed
+    auto* const pFrame = new CMainFrame(commandLine.size96); // deletes itself when its window is destroyed
     m_pMainWnd = pFrame;
     if (!pFrame->CreateFrame())
     {
         m_pMainWnd = nullptr;
         return false;
     }
-    pFrame->ShowPage(pageName.IsEmpty() ? 0 : FindPage(pageName));
+    pFrame->ShowPage(FindPage(commandLine.pageName));
     pFrame->ShowWindow(m_nCmdShow);
     pFrame->UpdateWindow();
     return true;
 }
 
-void CGalleryApp::Capture(const CString& file)
+bool CGalleryApp::TakePicture(CMainFrame& frame, const PictureOrder& order)
 {
-    const bool bStillOpen = RunFor(*this, kSettleMilliseconds);
-    if (!bStillOpen || !SaveWindowAsPng(*m_pMainWnd, file))
+    frame.ShowPage(FindPage(order.pageName));
+    if (!RunUntilQuiet(*this))
+        return false;
+    if (SaveWindowAsPng(frame, order.file))
+        return true;
+
+    ReportError(L"the picture can't be saved: " + order.file);
+    m_nExitCode = kExitFailed;
+    return true;
+}
+
+void CGalleryApp::TakePictures(const CommandLine& commandLine)
+{
+    auto& frame = *static_cast<CMainFrame*>(m_pMainWnd);
+    for (const PictureOrder& order : commandLine.pictures)
     {
-        ReportError(L"the picture can't be saved: " + file);
-        m_nExitCode = kExitFailed;
+        if (!TakePicture(frame, order))
+        {
+            ReportError(L"ended before the picture was taken: " + order.file);
+            m_nExitCode = kExitFailed;
+            return;
+        }
     }
-    if (bStillOpen)
-        m_pMainWnd->DestroyWindow();
+    frame.DestroyWindow();
 }

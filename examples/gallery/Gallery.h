@@ -2,6 +2,8 @@
 
 #include "CommandLine.h"
 
+class CMainFrame;
+
 /// The gallery: a window with one page per family of the library, or a picture of one.
 class CGalleryApp : public CWinApp
 {
@@ -11,8 +13,9 @@ public:
 
 private:
     bool DoWithoutWindow(const CommandLine& commandLine);
-    bool OpenWindow(const CString& pageName);
-    void Capture(const CString& file);
+    bool OpenWindow(const CommandLine& commandLine);
+    bool TakePicture(CMainFrame& frame, const PictureOrder& order);
+    void TakePictures(const CommandLine& commandLine);
 
     int m_nExitCode = 0;
 };

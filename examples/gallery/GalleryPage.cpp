@@ -37,7 +37,25 @@ void CGalleryPage::UpdateDpi()
     Redraw();
 }
 
-void CGalleryPage::OnFrameMoved() {}
+void CGalleryPage::OnMonitorsChanged() {}
+
+void CGalleryPage::PlaceChildren(const CSize&, const CPoint&) {}
+
+const CGalleryStyle& CGalleryPage::Style() const
+{
+    return m_style;
+}
+
+CSize CGalleryPage::ContentSize() const
+{
+    const CSize size = m_style.ToUnits(m_contentSize);
+    return CSize(std::min(size.cx, kWidestContent), size.cy);
+}
+
+CPoint CGalleryPage::ScrollPosition() const
+{
+    return CPoint(GetScrollPos(SB_HORZ), GetScrollPos(SB_VERT));
+}
 
 void CGalleryPage::Redraw()
 {
@@ -59,7 +77,7 @@ void CGalleryPage::OnPaint()
     CDC memoryDc;
     memoryDc.CreateCompatibleDC(&dc);
     const CScopedSelection content(memoryDc, m_content.GetSafeHandle());
-    const CPoint origin(GetScrollPos(SB_HORZ), GetScrollPos(SB_VERT));
+    const CPoint origin = ScrollPosition();
     CRect client;
     GetClientRect(&client);
     dc.BitBlt(0, 0, client.Width(), client.Height(), &memoryDc, origin.x, origin.y, SRCCOPY);
@@ -72,8 +90,7 @@ void CGalleryPage::RenderContent(CDC& screenDc)
     m_content.CreateCompatibleBitmap(&screenDc, m_contentSize.cx, m_contentSize.cy);
     const CScopedSelection content(memoryDc, m_content.GetSafeHandle());
     memoryDc.FillSolidRect(CRect(CPoint(0, 0), m_contentSize), palette::kPaper);
-    const CSize size = m_style.ToUnits(m_contentSize);
-    DrawPage(CCanvas(memoryDc, m_style), CSize(std::min(size.cx, kWidestContent), size.cy));
+    DrawPage(CCanvas(memoryDc, m_style), ContentSize());
 }
 
 void CGalleryPage::OnSize(UINT nType, int cx, int cy)
@@ -84,6 +101,7 @@ void CGalleryPage::OnSize(UINT nType, int cx, int cy)
 
 void CGalleryPage::UpdateScrollBars()
 {
+    const CPoint scrolledBefore = ScrollPosition();
     // Measured from the whole window: the client area changes while bars appear, which sends WM_SIZE again.
     CRect window;
     GetWindowRect(&window);
@@ -105,6 +123,9 @@ void CGalleryPage::UpdateScrollBars()
         m_contentSize = content;
         Redraw();
     }
+    else if (ScrollPosition() != scrolledBefore)
+        Invalidate(FALSE); // there is less to scroll than before
+    PlaceChildren(ContentSize(), -ScrollPosition());
 }
 
 void CGalleryPage::SetScrollRange(int nBar, int nContent, int nVisible)

@@ -16,15 +16,22 @@ public:
     BOOL CreatePage(CWnd* pParent);
 
     /// Follows a new DPI of the style.
-    void UpdateDpi();
+    virtual void UpdateDpi();
 
-    /// Tells the page that the main window was moved.
-    virtual void OnFrameMoved();
+    /// Tells the page that the main window was moved, or that the monitors changed.
+    virtual void OnMonitorsChanged();
 
 protected:
     /// Draws the page on white paper.
     /// @param size  of the whole content, in units of 1/96 inch; never below the design size.
     virtual void DrawPage(const CCanvas& canvas, const CSize& size) = 0;
+
+    /// Places the page's child windows, whenever the content's size or the DPI has changed.
+    /// @param size  as for DrawPage.
+    /// @param origin  of the content, in pixels of the client area.
+    virtual void PlaceChildren(const CSize& size, const CPoint& origin);
+
+    const CGalleryStyle& Style() const;
 
     /// Draws the content anew at the next paint.
     void Redraw();
@@ -38,6 +45,8 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    CSize ContentSize() const;
+    CPoint ScrollPosition() const;
     void UpdateScrollBars();
     void SetScrollRange(int nBar, int nContent, int nVisible);
     int FindScrollTarget(int nBar, UINT nCode);

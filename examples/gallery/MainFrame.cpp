@@ -4,6 +4,7 @@
 #include "resource.h"
 
 #include <vxdpi/Dpi.h>
+#include <vxdpi/Geometry.h>
 
 #include <algorithm>
 
@@ -14,7 +15,7 @@ constexpr UINT kPageListId = 1000;
 // In units of 1/96 inch.
 const CSize kWindowSize(792, 600);
 const CSize kMinimumSize(520, 360);
-constexpr int kSidebarWidth = 168;
+constexpr int kSidebarWidth = 176;
 constexpr int kSidebarHeaderHeight = 92;
 constexpr int kSidebarIndent = 24;
 constexpr int kNameTop = 28;
@@ -29,10 +30,14 @@ BEGIN_MESSAGE_MAP(CMainFrame, CFrameWnd)
     ON_WM_PAINT()
     ON_WM_SETFOCUS()
     ON_MESSAGE(WM_DPICHANGED, &CMainFrame::OnDpiChanged)
+    ON_MESSAGE(WM_DISPLAYCHANGE, &CMainFrame::OnDisplayChange)
     ON_LBN_SELCHANGE(kPageListId, &CMainFrame::OnPageSelected)
 END_MESSAGE_MAP()
 
-CMainFrame::CMainFrame() : m_pageList(m_style) {}
+CMainFrame::CMainFrame(const CSize& size96)
+    : m_size96(size96.cx > 0 && size96.cy > 0 ? size96 : kWindowSize), m_pageList(m_style)
+{
+}
 
 BOOL CMainFrame::CreateFrame()
 {
@@ -57,11 +62,10 @@ int CMainFrame::OnCreate(LPCREATESTRUCT lpCreateStruct)
 
 void CMainFrame::PlaceInWorkArea()
 {
-    MONITORINFO info = {};
-    info.cbSize = sizeof info;
-    ::GetMonitorInfo(::MonitorFromWindow(m_hWnd, MONITOR_DEFAULTTONEAREST), &info);
-    const CRect workArea(info.rcWork);
-    const CSize wanted = m_style.ToPixels(kWindowSize);
+    CRect workArea;
+    if (!GetCurrentScreenWorkArea(m_hWnd, workArea))
+        return;
+    const CSize wanted = m_style.ToPixels(m_size96);
     const CSize size(std::min<int>(wanted.cx, workArea.Width()), std::min<int>(wanted.cy, workArea.Height()));
     const CPoint corner(workArea.left + (workArea.Width() - size.cx) / 2,
                         workArea.top + (workArea.Height() - size.cy) / 2);
@@ -106,7 +110,7 @@ void CMainFrame::OnMove(int x, int y)
 {
     CFrameWnd::OnMove(x, y);
     if (m_pPage != nullptr)
-        m_pPage->OnFrameMoved();
+        m_pPage->OnMonitorsChanged();
 }
 
 BOOL CMainFrame::OnEraseBkgnd(CDC*)
@@ -137,17 +141,25 @@ void CMainFrame::OnSetFocus(CWnd*)
 
 LRESULT CMainFrame::OnDpiChanged(WPARAM wParam, LPARAM lParam)
 {
+    // First, because sizing the window asks for its minimum size, which depends on the DPI.
     m_style.UpdateDpi(LOWORD(wParam));
-    m_pageList.UpdateDpi();
-    if (m_pPage != nullptr)
-        m_pPage->UpdateDpi();
 
     const CRect suggested(*reinterpret_cast<const RECT*>(lParam));
     SetWindowPos(nullptr, suggested.left, suggested.top, suggested.Width(), suggested.Height(),
                  SWP_NOZORDER | SWP_NOACTIVATE);
+    m_pageList.UpdateDpi();
+    if (m_pPage != nullptr)
+        m_pPage->UpdateDpi();
     RecalcLayout(); // the suggested size may be the one that the window has
-    Invalidate(FALSE);
+    RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     return 0;
+}
+
+LRESULT CMainFrame::OnDisplayChange(WPARAM, LPARAM)
+{
+    if (m_pPage != nullptr)
+        m_pPage->OnMonitorsChanged();
+    return Default();
 }
 
 void CMainFrame::OnPageSelected()

@@ -7,7 +7,8 @@
 class CMainFrame : public CFrameWnd
 {
 public:
-    CMainFrame();
+    /// @param size96  of the window, in units of 1/96 inch; with a side of 0 it has the gallery's own size.
+    explicit CMainFrame(const CSize& size96);
 
     /// Creates the window, hidden, sized for its monitor's DPI and kept within the work area.
     BOOL CreateFrame();
@@ -26,12 +27,14 @@ protected:
     afx_msg void OnPaint();
     afx_msg void OnSetFocus(CWnd* pOldWnd);
     afx_msg LRESULT OnDpiChanged(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnDisplayChange(WPARAM wParam, LPARAM lParam);
     afx_msg void OnPageSelected();
     DECLARE_MESSAGE_MAP()
 
 private:
     void PlaceInWorkArea();
 
+    const CSize m_size96;
     CGalleryStyle m_style;
     CPageList m_pageList;
     std::unique_ptr<CGalleryPage> m_pPage;

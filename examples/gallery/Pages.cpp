@@ -1,6 +1,9 @@
 #include "Pages.h"
 
+#include "pages/FontsPage.h"
+#include "pages/LayoutPage.h"
 #include "pages/MonitorPage.h"
+#include "pages/PlacementPage.h"
 #include "pages/PngPage.h"
 
 namespace
@@ -16,13 +19,18 @@ const std::vector<PageEntry>& GalleryPages()
 {
     static const std::vector<PageEntry> pages = {
         {L"Monitor", &MakePage<CMonitorPage>},
+        {L"Fonts", &MakePage<CFontsPage>},
         {L"PNG images", &MakePage<CPngPage>},
+        {L"Layout", &MakePage<CLayoutPage>},
+        {L"Window placement", &MakePage<CPlacementPage>},
     };
     return pages;
 }
 
 int FindPage(const CString& name)
 {
+    if (name.IsEmpty())
+        return 0;
     const std::vector<PageEntry>& pages = GalleryPages();
     for (size_t i = 0; i < pages.size(); ++i)
     {

@@ -17,6 +17,6 @@ const std::vector<PageEntry>& GalleryPages();
 
 constexpr int kNoPage = -1;
 
-/// Finds a page by its name, whatever the case of the letters.
+/// Finds a page by its name, whatever the case of the letters; no name means the first page.
 /// @return its index in GalleryPages(), or kNoPage.
 int FindPage(const CString& name);

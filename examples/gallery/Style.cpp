@@ -7,7 +7,7 @@ constexpr wchar_t kFaceName[] = L"Segoe UI";
 
 struct FontDesign
 {
-    int height96; // of the characters, in units of 1/96 inch
+    LONG height96; // of the characters, in units of 1/96 inch
     LONG weight;
 };
 
@@ -29,21 +29,27 @@ FontDesign DesignOf(TextRole role)
 }
 } // namespace
 
+CGalleryStyle::CGalleryStyle() : m_nDpi(kBaseDpi)
+{
+    for (size_t i = 0; i < m_fonts.size(); ++i)
+    {
+        // A negative height asks for characters of that size, a positive one for lines.
+        m_fonts[i].InitFontSize(-DesignOf(static_cast<TextRole>(i)).height96, 0, kBaseDpi);
+    }
+}
+
 void CGalleryStyle::UpdateDpi(UINT nDpi)
 {
     m_nDpi = nDpi;
     for (size_t i = 0; i < m_fonts.size(); ++i)
     {
-        const FontDesign design = DesignOf(static_cast<TextRole>(i));
         LOGFONT description = {};
-        // A negative height asks for characters of that size, a positive one for lines.
-        description.lfHeight = -ToPixels(design.height96);
-        description.lfWeight = design.weight;
+        description.lfWeight = DesignOf(static_cast<TextRole>(i)).weight;
         description.lfCharSet = DEFAULT_CHARSET;
         description.lfQuality = CLEARTYPE_QUALITY;
         ::lstrcpyn(description.lfFaceName, kFaceName, LF_FACESIZE);
         m_fonts[i].DeleteObject();
-        m_fonts[i].CreateFontIndirect(&description);
+        m_fonts[i].CreateFontIndirect(&description, nDpi);
     }
 }
 

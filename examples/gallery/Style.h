@@ -1,6 +1,6 @@
 #pragma once
 
-#include <afxwin.h>
+#include <vxdpi/Fonts.h>
 
 #include <array>
 
@@ -24,6 +24,10 @@ constexpr COLORREF kInk = RGB(15, 23, 42);
 constexpr COLORREF kMuted = RGB(100, 116, 139);
 constexpr COLORREF kAccent = RGB(37, 99, 235);
 constexpr COLORREF kAccentPale = RGB(219, 234, 254);
+constexpr COLORREF kGood = RGB(22, 163, 74);
+constexpr COLORREF kGoodPale = RGB(220, 252, 231);
+constexpr COLORREF kBad = RGB(220, 38, 38);
+constexpr COLORREF kBadPale = RGB(254, 226, 226);
 } // namespace palette
 
 /// The gallery's fonts and measures at one DPI.
@@ -32,6 +36,8 @@ constexpr COLORREF kAccentPale = RGB(219, 234, 254);
 class CGalleryStyle
 {
 public:
+    CGalleryStyle();
+
     /// Makes the fonts anew for a DPI; the handles given out before are deleted.
     void UpdateDpi(UINT nDpi);
 
@@ -50,6 +56,6 @@ public:
 private:
     static constexpr size_t kRoleCount = 5;
 
-    UINT m_nDpi = 96;
-    std::array<CFont, kRoleCount> m_fonts; // indexed by TextRole
+    UINT m_nDpi;
+    std::array<CFontDPIAware, kRoleCount> m_fonts; // indexed by TextRole
 };

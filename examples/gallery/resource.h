@@ -1,6 +1,6 @@
 #pragma once
 
-// Identifiers of the gallery's resources. One PNG picture has three: for 96, 144 and 192 DPI.
+// Identifiers of the gallery's resources and controls. One PNG picture has three: for 96, 144 and 192 DPI.
 
 #define IDI_GALLERY 100
 
@@ -31,3 +31,14 @@
 #define IDR_MONITORS_96 171
 #define IDR_MONITORS_144 172
 #define IDR_MONITORS_192 173
+
+#define IDD_LAYOUT 200
+#define IDC_TOP_LEFT 201
+#define IDC_TOP 202
+#define IDC_TOP_RIGHT 203
+#define IDC_LEFT 204
+#define IDC_MIDDLE 205
+#define IDC_RIGHT 206
+#define IDC_BOTTOM_LEFT 207
+#define IDC_BOTTOM 208
+#define IDC_BOTTOM_RIGHT 209

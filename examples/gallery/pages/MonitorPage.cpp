@@ -2,11 +2,11 @@
 
 #include "../PageGrid.h"
 #include "../Pictures.h"
+#include "../ScreenMap.h"
 #include "../resource.h"
 
 #include <vxdpi/Dpi.h>
 
-#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -25,15 +25,11 @@ constexpr int kColumnsTop = 224;
 constexpr int kRowHeight = 21;
 constexpr int kSectionGap = 16;
 
-constexpr COLORREF kBezelColor = RGB(30, 41, 59);
-constexpr COLORREF kTaskBarColor = RGB(148, 163, 184);
-
 // What the page shows, asked once per drawing.
 struct MonitorFacts
 {
     UINT nDpi;
-    CRect monitor;
-    CRect workArea;
+    MONITORINFO monitor;
     CRect window;
     bool bGdiPlusRuns;
     bool bTokenHeld;
@@ -46,11 +42,8 @@ MonitorFacts AskFacts(const CWnd& page)
     facts.nDpi = VxSafeGetDpiForWindow(pFrame->GetSafeHwnd());
     pFrame->GetWindowRect(&facts.window);
 
-    MONITORINFO info = {};
-    info.cbSize = sizeof info;
-    ::GetMonitorInfo(::MonitorFromWindow(pFrame->GetSafeHwnd(), MONITOR_DEFAULTTONEAREST), &info);
-    facts.monitor = info.rcMonitor;
-    facts.workArea = info.rcWork;
+    facts.monitor.cbSize = sizeof facts.monitor;
+    ::GetMonitorInfo(::MonitorFromWindow(pFrame->GetSafeHwnd(), MONITOR_DEFAULTTONEAREST), &facts.monitor);
 
     // GDI+ refuses every object until it was started.
     Gdiplus::Bitmap probe(1, 1, PixelFormat32bppARGB);
@@ -101,7 +94,7 @@ void DrawCards(const CCanvas& canvas, int width, const MonitorFacts& facts)
     const Card cards[] = {
         {L"DPI of this window", FormatNumber(L"%d", static_cast<int>(facts.nDpi)), 10},
         {L"Scale", FormatNumber(L"%d %%", ::MulDiv(100, static_cast<int>(facts.nDpi), kBaseDpi)), 7},
-        {L"Monitor", FormatSize(facts.monitor.Size()), 12},
+        {L"Monitor", FormatSize(CRect(facts.monitor.rcMonitor).Size()), 12},
         {L"GDI+", facts.bGdiPlusRuns ? L"running" : L"stopped", 8},
     };
     constexpr int kCount = static_cast<int>(std::size(cards));
@@ -133,8 +126,8 @@ int DrawPlaces(const CCanvas& canvas, const CRect& column, const MonitorFacts& f
     CRect row(column.left, column.top + grid::kHeadingHeight + 4, column.right, 0);
     row.bottom = row.top + kRowHeight;
     const std::pair<LPCTSTR, CString> rows[] = {
-        {L"Monitor", FormatPlace(facts.monitor)},
-        {L"Work area", FormatPlace(facts.workArea)},
+        {L"Monitor", FormatPlace(facts.monitor.rcMonitor)},
+        {L"Work area", FormatPlace(facts.monitor.rcWork)},
         {L"This window", FormatPlace(facts.window)},
         {L"Its size", FormatSize(facts.window.Size())},
         {L"Its size at 96 DPI", FormatSize(canvas.Style().ToUnits(facts.window.Size()))},
@@ -187,58 +180,6 @@ void DrawMetrics(const CCanvas& canvas, const CRect& column, UINT nDpi)
     }
 }
 
-// Maps the monitor's pixels into a box of the page, keeping the proportions.
-class MonitorMap
-{
-public:
-    MonitorMap(const CRect& monitor, const CRect& box)
-        : m_monitor(monitor), m_origin(box.TopLeft()),
-          m_size(box.Width(), ::MulDiv(box.Width(), monitor.Height(), std::max(monitor.Width(), 1)))
-    {
-        if (m_size.cy <= box.Height())
-            return;
-        m_size = CSize(::MulDiv(box.Height(), monitor.Width(), std::max(monitor.Height(), 1)), box.Height());
-    }
-
-    CRect Area() const { return CRect(m_origin, m_size); }
-
-    // @return where a rectangle of the monitor lies on the page, cut off at the monitor's edges.
-    CRect Place(const CRect& rect) const
-    {
-        CRect visible;
-        if (!visible.IntersectRect(rect, m_monitor))
-            return CRect(m_origin, CSize(0, 0));
-        return CRect(PlaceX(visible.left), PlaceY(visible.top), PlaceX(visible.right),
-                     PlaceY(visible.bottom));
-    }
-
-private:
-    int PlaceX(int x) const
-    {
-        return m_origin.x + ::MulDiv(x - m_monitor.left, m_size.cx, std::max(m_monitor.Width(), 1));
-    }
-
-    int PlaceY(int y) const
-    {
-        return m_origin.y + ::MulDiv(y - m_monitor.top, m_size.cy, std::max(m_monitor.Height(), 1));
-    }
-
-    CRect m_monitor;
-    CPoint m_origin;
-    CSize m_size;
-};
-
-void DrawLegendEntry(const CCanvas& canvas, CRect& row, COLORREF color, LPCTSTR pszText)
-{
-    constexpr int kSwatchSize = 11;
-    constexpr int kSwatchGap = 8;
-    const CPoint corner(row.left, row.top + (row.Height() - kSwatchSize) / 2);
-    canvas.Fill(CRect(corner, CSize(kSwatchSize, kSwatchSize)), color);
-    const CRect text(row.left + kSwatchSize + kSwatchGap, row.top, row.right, row.bottom);
-    canvas.Text(text, pszText, TextRole::Body, palette::kMuted, DT_LEFT | DT_SINGLELINE | DT_VCENTER);
-    row.OffsetRect(0, kRowHeight);
-}
-
 void DrawWindowOnMap(const CCanvas& canvas, const CRect& window)
 {
     constexpr int kCaptionHeight = 8;
@@ -252,25 +193,21 @@ void DrawWindowOnMap(const CCanvas& canvas, const CRect& window)
 
 void DrawMap(const CCanvas& canvas, const CRect& column, const MonitorFacts& facts)
 {
-    constexpr int kBezel = 5;
     constexpr int kLegendRows = 3;
     canvas.Heading(column, L"Map", L"to scale");
 
     CRect box(column.left, column.top + grid::kHeadingHeight + kSectionGap, column.right, column.bottom);
     box.bottom -= kLegendRows * kRowHeight + kSectionGap;
-    box.DeflateRect(kBezel, kBezel);
-    const MonitorMap map(facts.monitor, box);
-    CRect bezel(map.Area());
-    bezel.InflateRect(kBezel, kBezel);
-    canvas.Panel(bezel, kBezelColor, kBezelColor);
-    canvas.Fill(map.Area(), kTaskBarColor);
-    canvas.Fill(map.Place(facts.workArea), palette::kAccentPale);
-    DrawWindowOnMap(canvas, map.Place(facts.window));
+    box.DeflateRect(kMapBezel, kMapBezel);
+    const ScreenMap map(facts.monitor.rcMonitor, box);
+    DrawMonitorsOnMap(canvas, map, {facts.monitor});
+    CRect visible;
+    if (visible.IntersectRect(&facts.window, &facts.monitor.rcMonitor))
+        DrawWindowOnMap(canvas, map.Place(visible));
 
-    CRect row(column.left, bezel.bottom + kSectionGap - 4, column.right, 0);
+    CRect row(column.left, map.Area().bottom + kMapBezel + kSectionGap - 4, column.right, 0);
     row.bottom = row.top + kRowHeight;
-    DrawLegendEntry(canvas, row, palette::kAccentPale, L"work area");
-    DrawLegendEntry(canvas, row, kTaskBarColor, L"the rest of the monitor");
+    DrawMonitorLegend(canvas, row);
     DrawLegendEntry(canvas, row, palette::kAccent, L"this window");
 }
 } // namespace
@@ -280,7 +217,7 @@ CMonitorPage::CMonitorPage(const CGalleryStyle& style) : CGalleryPage(style, kDe
     AddVariants(m_illustration, IDR_MONITORS_96, IDR_MONITORS_144, IDR_MONITORS_192);
 }
 
-void CMonitorPage::OnFrameMoved()
+void CMonitorPage::OnMonitorsChanged()
 {
     Redraw();
 }

@@ -10,7 +10,7 @@ class CMonitorPage : public CGalleryPage
 public:
     explicit CMonitorPage(const CGalleryStyle& style);
 
-    void OnFrameMoved() override;
+    void OnMonitorsChanged() override;
 
 protected:
     void DrawPage(const CCanvas& canvas, const CSize& size) override;
