@@ -1,26 +1,39 @@
 # shellcheck shell=bash
 # A web page that shows the gallery's pictures side by side. To be sourced.
 
-# write_picture_index FOLDER DPI...: reads FOLDER/<dpi>/pages.txt, writes the page to standard output.
+# write_picture_index FOLDER DPIS SIZES: reads FOLDER/<dpi>/pages.txt, writes the page to standard output. The lists
+# have blanks between their entries.
 write_picture_index()
 {
-    local folder=$1 picture page dpi
-    shift
-    index_head "$#"
-    for dpi in "$@"; do
+    local folder=$1 picture page dpi size dpis sizes
+    read -r -a dpis <<<"$2"
+    read -r -a sizes <<<"$3"
+    index_head "${#dpis[@]}"
+    for dpi in "${dpis[@]}"; do
         printf '    <div class="dpi">%s DPI<small>%s %%</small></div>\n' "$dpi" $((dpi * 100 / 96))
     done
     printf '  </header>\n'
     while read -r picture page; do
         printf '  <section>\n    <h2>%s</h2>\n' "$page"
-        for dpi in "$@"; do
-            [[ -s $folder/$dpi/$picture ]] || fail "page $page has no picture at $dpi DPI"
-            printf '    <a href="%s"><img src="%s" alt="%s at %s DPI"></a>\n' \
-                "$dpi/$picture" "$dpi/$picture" "$page" "$dpi"
+        for size in "${sizes[@]}"; do
+            index_row
         done
         printf '  </section>\n'
-    done <"$folder/$1/pages.txt"
+    done <"$folder/${dpis[0]}/pages.txt"
     printf '</main>\n</body>\n</html>\n'
+}
+
+# One page in one size at every DPI; the caller's variables say which.
+index_row()
+{
+    local path
+    printf '    <h3>window of %s</h3>\n' "${size/x/ × }"
+    for dpi in "${dpis[@]}"; do
+        path=$dpi/$size/$picture
+        [[ -s $folder/$path ]] || fail "page $page has no picture at $dpi DPI in size $size"
+        printf '    <a href="%s"><img src="%s" alt="%s at %s DPI, window of %s" loading="lazy"></a>\n' \
+            "$path" "$path" "$page" "$dpi" "$size"
+    done
 }
 
 index_head()
@@ -47,7 +60,8 @@ index_head()
   .dpi small { margin-left: .6rem; font-weight: 400; color: var(--soft); }
   section { margin-top: 1.5rem; padding: .8rem 1.2rem 1.2rem; background: var(--paper);
             border: 1px solid var(--line); border-radius: 10px; align-items: start; }
-  h2 { grid-column: 1 / -1; margin: 0 0 .6rem; font-size: 1.1rem; }
+  h2 { grid-column: 1 / -1; margin: 0; font-size: 1.1rem; }
+  h3 { grid-column: 1 / -1; margin: .5rem 0 .3rem; font-size: .85rem; font-weight: 400; color: var(--soft); }
   img { display: block; width: 100%; height: auto; border: 1px solid var(--line); border-radius: 4px; }
   a:hover img { border-color: #4493f8; }
 </style>
@@ -55,8 +69,9 @@ index_head()
 <body>
 <main>
   <h1>vxdpi gallery</h1>
-  <p>Every page of the sample application at each DPI, drawn at one physical size as monitors of these densities would
-     show it: nothing moves, everything gets sharper. Open a picture to see its own pixels.</p>
+  <p>Every page of the sample application at each DPI, in a window of its usual size and in a larger one, drawn at one
+     physical size as monitors of these densities would show it: nothing moves, everything gets sharper. Sizes are in
+     pixels at 96 DPI. Open a picture to see its own pixels.</p>
   <header>
 END
 }
