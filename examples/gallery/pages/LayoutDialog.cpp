@@ -26,7 +26,7 @@ constexpr ControlLayout kControls[] = {
     {IDC_BOTTOM_RIGHT, ANCHOR_BOTTOMRIGHT, 0},
 };
 
-// Windows scales the controls of a dialog by itself, as of version 1703; two who do it get in each other's way.
+// Windows scales the controls of a dialog by itself, as of version 1703: they would be scaled twice.
 void LeaveLayoutToProgram(HWND hDialog)
 {
     const HMODULE hUser = ::GetModuleHandle(L"user32.dll");

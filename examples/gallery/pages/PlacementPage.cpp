@@ -108,7 +108,7 @@ std::vector<SavedPlace> MakePlaces(const CGalleryStyle& style, const CRect& work
 
     std::vector<SavedPlace> places = {
         {L"Inside the work area", at(acrossX(5), acrossY(32)), size},
-        {L"Half beyond the right edge", at(workArea.right - style.ToPixels(kLargePart), acrossY(8)), size},
+        {L"Partly beyond the right edge", at(workArea.right - style.ToPixels(kLargePart), acrossY(8)), size},
         {L"All but an edge beyond it", at(workArea.right - style.ToPixels(kSmallPart), acrossY(66)), size},
         {L"Title a little above the top", at(acrossX(5), workArea.top - style.ToPixels(kLowPart)), size},
         {L"Title mostly above the top", at(acrossX(36), workArea.top - style.ToPixels(kHighPart)), size},
