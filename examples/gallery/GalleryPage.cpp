@@ -49,7 +49,7 @@ const CGalleryStyle& CGalleryPage::Style() const
 CSize CGalleryPage::ContentSize() const
 {
     const CSize size = m_style.ToUnits(m_contentSize);
-    return CSize(std::min(size.cx, kWidestContent), size.cy);
+    return CSize((std::min)(size.cx, kWidestContent), size.cy);
 }
 
 CPoint CGalleryPage::ScrollPosition() const
@@ -115,7 +115,7 @@ void CGalleryPage::UpdateScrollBars()
 
     const CSize visible(window.Width() - (bVertical ? nBarWidth : 0),
                         window.Height() - (bHorizontal ? nBarHeight : 0));
-    const CSize content(std::max(visible.cx, design.cx), std::max(visible.cy, design.cy));
+    const CSize content((std::max)(visible.cx, design.cx), (std::max)(visible.cy, design.cy));
     SetScrollRange(SB_HORZ, content.cx, visible.cx);
     SetScrollRange(SB_VERT, content.cy, visible.cy);
     if (content != m_contentSize)
@@ -134,7 +134,7 @@ void CGalleryPage::SetScrollRange(int nBar, int nContent, int nVisible)
     info.cbSize = sizeof info;
     info.fMask = SIF_RANGE | SIF_PAGE;
     info.nMax = nContent - 1;
-    info.nPage = static_cast<UINT>(std::max(nVisible, 0));
+    info.nPage = static_cast<UINT>((std::max)(nVisible, 0));
     SetScrollInfo(nBar, &info);
 }
 

@@ -11,8 +11,8 @@ constexpr COLORREF kTaskBarColor = RGB(148, 163, 184);
 ScreenMap::ScreenMap(const CRect& screen, const CRect& box) : m_screen(screen)
 {
     // An empty part of the screen must not lead to a division by 0.
-    m_screen.right = std::max(m_screen.right, m_screen.left + 1);
-    m_screen.bottom = std::max(m_screen.bottom, m_screen.top + 1);
+    m_screen.right = (std::max)(m_screen.right, m_screen.left + 1);
+    m_screen.bottom = (std::max)(m_screen.bottom, m_screen.top + 1);
     CSize size(box.Width(), ::MulDiv(box.Width(), m_screen.Height(), m_screen.Width()));
     if (size.cy > box.Height())
         size = CSize(::MulDiv(box.Height(), m_screen.Width(), m_screen.Height()), box.Height());
