@@ -38,6 +38,12 @@ bool IsPlaceInZOrder(const CWnd* pWnd)
            pWnd == &CWnd::wndNoTopMost;
 }
 
+// Only the thread of a window gets its messages, and only there they find the window's object.
+bool IsWindowOfThread(HWND hWnd)
+{
+    return ::GetWindowThreadProcessId(hWnd, nullptr) == ::GetCurrentThreadId();
+}
+
 // The thread ends with its main window. A DLL's application object has no say in that: it does not pump.
 void EndAsMainWindow(const CWnd* pWnd)
 {
@@ -142,7 +148,7 @@ HWND CWnd::ReleaseWindow()
 
 BOOL CWnd::SubclassWindow(HWND hWnd)
 {
-    if (m_hWnd != nullptr || !::IsWindow(hWnd) || FromHandlePermanent(hWnd) != nullptr)
+    if (m_hWnd != nullptr || !IsWindowOfThread(hWnd) || FromHandlePermanent(hWnd) != nullptr)
         return FALSE;
     AdoptWindow(hWnd);
     return TRUE;
@@ -187,6 +193,8 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
 BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, int x,
                     int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu, LPVOID lpParam)
 {
+    if (m_hWnd != nullptr)
+        return FALSE; // without PostNcDestroy: the object's window lives on
     CREATESTRUCT cs = {};
     cs.lpCreateParams = lpParam;
     cs.hInstance = AfxGetInstanceHandle();

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <future>
+#include <thread>
+
 #include "WindowFixture.h"
 
 namespace
@@ -136,6 +139,29 @@ TEST_F(Subclass, NoWindowIsRefused)
     CCountingEdit edit;
     EXPECT_FALSE(edit.SubclassWindow(nullptr));
     EXPECT_FALSE(edit.SubclassDlgItem(kControlId + 1, &m_host));
+}
+
+TEST_F(Subclass, WindowOfAnotherThreadIsRefused)
+{
+    std::promise<HWND> made;
+    std::promise<void> tried;
+    std::thread other(
+        [&]
+        {
+            const HWND hWnd =
+                ::CreateWindow(L"EDIT", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+            made.set_value(hWnd);
+            tried.get_future().wait();
+            ::DestroyWindow(hWnd);
+        });
+    const HWND hForeign = made.get_future().get();
+    const LONG_PTR nProcedure = ::GetWindowLongPtr(hForeign, GWLP_WNDPROC);
+    CCountingEdit edit;
+    EXPECT_FALSE(edit.SubclassWindow(hForeign));
+    EXPECT_EQ(edit.m_hWnd, nullptr);
+    EXPECT_EQ(::GetWindowLongPtr(hForeign, GWLP_WNDPROC), nProcedure);
+    tried.set_value();
+    other.join();
 }
 
 TEST_F(Subclass, DialogItemIsFoundById)

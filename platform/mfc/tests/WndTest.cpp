@@ -311,6 +311,19 @@ TEST(Wnd, UnknownClassCallsPostNcDestroy)
     EXPECT_EQ(wnd.m_hWnd, nullptr);
 }
 
+TEST(Wnd, ObjectWithAWindowCreatesNoSecondOne)
+{
+    std::string story;
+    CBiographer wnd(story);
+    ASSERT_TRUE(CreateTopLevel(wnd));
+    const HWND hWnd = wnd;
+    const std::string storyOfCreation = story;
+    EXPECT_FALSE(CreateTopLevel(wnd));
+    EXPECT_EQ(story, storyOfCreation);
+    EXPECT_EQ(wnd.m_hWnd, hWnd);
+    EXPECT_EQ(CWnd::FromHandlePermanent(hWnd), &wnd);
+}
+
 TEST(Wnd, RefusedCreateCallsPostNcDestroyOnce)
 {
     std::string story;
