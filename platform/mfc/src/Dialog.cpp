@@ -134,6 +134,8 @@ BOOL CDialog::CreateModeless(LPCDLGTEMPLATE lpTemplate, CWnd* pParentWnd)
 
 BOOL CDialog::CreateFromTemplate(LPCDLGTEMPLATE lpTemplate, HWND hParent)
 {
+    if (m_hWnd != nullptr)
+        return FALSE; // without PostNcDestroy: the object's window lives on
     vxmfc::WindowCreation creation(this);
     return creation.Finish(
         ::CreateDialogIndirectParam(AfxGetInstanceHandle(), lpTemplate, hParent, &CDialog::DialogProc, 0));
@@ -142,12 +144,14 @@ BOOL CDialog::CreateFromTemplate(LPCDLGTEMPLATE lpTemplate, HWND hParent)
 BOOL CDialog::InitModalIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd)
 {
     m_lpDialogTemplate = lpDialogTemplate;
+    m_hDialogTemplate = nullptr;
     m_pParentWnd = ParentOrMainWindow(pParentWnd);
     return TRUE;
 }
 
 BOOL CDialog::InitModalIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd)
 {
+    m_lpDialogTemplate = nullptr;
     m_hDialogTemplate = hDialogTemplate;
     m_pParentWnd = ParentOrMainWindow(pParentWnd);
     return TRUE;
@@ -170,17 +174,26 @@ INT_PTR CDialog::DoModal()
 
 INT_PTR CDialog::RunModal(LPCDLGTEMPLATE lpTemplate, HWND hOwner)
 {
+    const HWND hFocus = ::GetFocus();
     DisabledWindow owner(hOwner);
     vxmfc::ModalLoop loop(this);
     if (!CreateFromTemplate(lpTemplate, hOwner))
+    {
+        // A window that is disabled loses the focus, and no dialog goes now that would give it back.
+        owner.Enable();
+        ::SetFocus(hFocus);
         return -1;
+    }
     loop.Run((GetStyle() & DS_NOIDLEMSG) != 0 ? MLF_SHOWONIDLE | MLF_NOIDLEMSG : MLF_SHOWONIDLE);
 
     // The owner is enabled before the dialog goes, else the system would activate another program's window.
     owner.Enable();
-    if (::GetActiveWindow() == m_hWnd && m_hWnd != nullptr)
-        ::SetActiveWindow(hOwner);
-    DestroyWindow();
+    if (loop.HasWindow())
+    {
+        if (::GetActiveWindow() == m_hWnd)
+            ::SetActiveWindow(hOwner);
+        DestroyWindow();
+    }
     return loop.HasResult() ? loop.Result() : IDABORT;
 }
 

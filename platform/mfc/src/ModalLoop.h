@@ -23,6 +23,7 @@ public:
     /// The window is gone: ends this loop and those around it.
     void WindowEnded();
 
+    bool HasWindow() const { return m_pWnd != nullptr; } ///< false: the object may be gone
     bool IsRunning() const { return m_isRunning; }
     bool HasResult() const { return m_hasResult; }
     int Result() const { return m_nResult; }

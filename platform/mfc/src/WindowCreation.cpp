@@ -40,8 +40,9 @@ WindowCreation::~WindowCreation()
 BOOL WindowCreation::Finish(HWND hWnd)
 {
     RemoveHook();
+    // A dialog that ends in its first message is reported as created.
     if (hWnd != nullptr || m_pWnd == nullptr)
-        return hWnd != nullptr;
+        return m_pWnd != nullptr;
 
     CWnd* const pWnd = m_pWnd;
     ObjectEnded();

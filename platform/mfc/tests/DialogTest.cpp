@@ -161,6 +161,52 @@ protected:
     }
 };
 
+/// Deletes itself with its window, also while it is modal.
+class CVanishingDialog : public CProbeDialog
+{
+protected:
+    void PostNcDestroy() override { delete this; }
+};
+
+/// Runs itself once more while it is modal.
+class CRecursiveDialog : public CProbeDialog
+{
+public:
+    INT_PTR m_nInnerResult = 0;
+
+    BOOL OnInitDialog() override
+    {
+        m_nInnerResult = DoModal();
+        return CProbeDialog::OnInitDialog();
+    }
+};
+
+/// Gives up while it is being made.
+class CHesitantDialog : public CModelessDialog
+{
+public:
+    BOOL OnInitDialog() override
+    {
+        DestroyWindow();
+        return TRUE;
+    }
+};
+
+/// Ends with what its template tells: the width of its client area.
+class CIndirectDialog : public CDialog
+{
+public:
+    CIndirectDialog() = default;
+
+    BOOL OnInitDialog() override
+    {
+        CRect client;
+        GetClientRect(&client);
+        EndDialog(client.Width());
+        return CDialog::OnInitDialog();
+    }
+};
+
 class CRoutingOwner : public CTestWnd
 {
 public:
@@ -288,6 +334,75 @@ TEST(Dialog, ModalDialogDestroyedFromWithinAborts)
     dialog.m_nPostedCommand = 0;
     dialog.m_destroysItself = true;
     EXPECT_EQ(dialog.DoModal(), IDABORT);
+}
+
+TEST(Dialog, ModalDialogMayDeleteItselfFromWithin)
+{
+    CTestWnd owner;
+    ASSERT_TRUE(owner.CreateHidden());
+    const MainWindow mainWindow(&owner);
+    auto* const pDialog = new CVanishingDialog;
+    pDialog->m_nPostedCommand = 0;
+    pDialog->m_destroysItself = true;
+    EXPECT_EQ(pDialog->DoModal(), IDABORT);
+    EXPECT_TRUE(owner.IsWindowEnabled());
+}
+
+TEST(Dialog, DialogThatIsModalAlreadyIsNotRunAgain)
+{
+    CRecursiveDialog dialog;
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_EQ(dialog.m_nInnerResult, -1);
+    EXPECT_EQ(dialog.m_nInits, 1);
+}
+
+TEST(Dialog, ExistingModelessDialogIsNotCreatedAgain)
+{
+    CModelessDialog dialog;
+    ASSERT_TRUE(dialog.Create(IDD_MODAL));
+    const HWND hWnd = dialog;
+    EXPECT_FALSE(dialog.Create(IDD_MODAL));
+    EXPECT_EQ(dialog.m_hWnd, hWnd);
+    EXPECT_EQ(dialog.m_nEnds, 0);
+}
+
+TEST(Dialog, CreateFailsWhenTheDialogEndsInOnInitDialog)
+{
+    CHesitantDialog dialog;
+    EXPECT_FALSE(dialog.Create(IDD_MODAL));
+    EXPECT_EQ(dialog.m_nEnds, 1);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+}
+
+TEST(Dialog, FailedModalCreationLeavesTheFocusWithTheOwner)
+{
+    CTestWnd owner;
+    ASSERT_TRUE(owner.CreateHidden());
+    owner.ShowWindow(SW_SHOW);
+    owner.SetFocus();
+    ASSERT_EQ(::GetFocus(), owner.m_hWnd);
+    CProbeDialog dialog(IDD_WITHOUT_CLASS, &owner);
+    EXPECT_EQ(dialog.DoModal(), -1);
+    EXPECT_EQ(::GetFocus(), owner.m_hWnd);
+}
+
+TEST(Dialog, LastTemplateInMemoryIsTheOneThatRuns)
+{
+    EmptyTemplate narrow;
+    EmptyTemplate wide;
+    narrow.head.cx = 60;
+    wide.head.cx = 120;
+    const HGLOBAL hWide = ::GlobalAlloc(GMEM_MOVEABLE, sizeof(wide));
+    std::memcpy(::GlobalLock(hWide), &wide, sizeof(wide));
+    ::GlobalUnlock(hWide);
+    CIndirectDialog dialog;
+    ASSERT_TRUE(dialog.InitModalIndirect(&narrow.head));
+    const INT_PTR nNarrow = dialog.DoModal();
+    ASSERT_TRUE(dialog.InitModalIndirect(hWide));
+    EXPECT_GT(dialog.DoModal(), nNarrow);
+    ASSERT_TRUE(dialog.InitModalIndirect(&narrow.head));
+    EXPECT_EQ(dialog.DoModal(), nNarrow);
+    ::GlobalFree(hWide);
 }
 
 TEST(Dialog, QuitEndsTheDialogAndStaysInTheQueue)
