@@ -85,6 +85,17 @@ LRESULT MessageDispatch::Report(CException* pException, const MSG& message)
 
 } // namespace vxmfc
 
+namespace
+{
+
+// True when a control's handler ended the window, and perhaps its object, though it left the message to it.
+bool HasEnded(HWND hWnd)
+{
+    return !::IsWindow(hWnd);
+}
+
+} // namespace
+
 LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam)
 {
     CWnd* const pWnd = CWnd::FromHandlePermanent(hWnd);
@@ -153,16 +164,17 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
 {
     const UINT nID = LOWORD(wParam);
     const HWND hControl = reinterpret_cast<HWND>(lParam);
-    if (nID == 0)
-        return FALSE;
     if (hControl == nullptr)
     {
+        if (nID == 0)
+            return FALSE;
         // An accelerator reaches its command also while the menu would show it disabled.
         if (!vxmfc::CommandState(nID).IsEnabled(this))
             return TRUE;
         return OnCmdMsg(nID, CN_COMMAND, nullptr, nullptr);
     }
-    if (ReflectLastMsg(hControl))
+    const HWND hWnd = m_hWnd;
+    if (ReflectLastMsg(hControl) || HasEnded(hWnd))
         return TRUE;
     return OnCmdMsg(nID, HIWORD(wParam), nullptr, nullptr);
 }
@@ -170,7 +182,8 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
 BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult)
 {
     NMHDR* const pHeader = reinterpret_cast<NMHDR*>(lParam);
-    if (ReflectLastMsg(pHeader->hwndFrom, pResult))
+    const HWND hWnd = m_hWnd;
+    if (ReflectLastMsg(pHeader->hwndFrom, pResult) || HasEnded(hWnd))
         return TRUE;
     AFX_NOTIFY notify = {pResult, pHeader};
     return OnCmdMsg(static_cast<UINT>(pHeader->idFrom), static_cast<int>(pHeader->code), &notify, nullptr);

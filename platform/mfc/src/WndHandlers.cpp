@@ -12,6 +12,13 @@ bool NamesChild(UINT message)
     return LOWORD(message) == WM_CREATE || LOWORD(message) == WM_DESTROY;
 }
 
+// The control that the message comes from. A derived class may have passed on another one, or a temporary
+// object that is gone by now.
+HWND Sender(const MSG* pMessage)
+{
+    return reinterpret_cast<HWND>(pMessage->lParam);
+}
+
 } // namespace
 
 void CWnd::OnDrawItem(int, LPDRAWITEMSTRUCT lpDrawItemStruct)
@@ -38,29 +45,29 @@ int CWnd::OnCompareItem(int, LPCOMPAREITEMSTRUCT lpCompareItemStruct)
     return static_cast<int>(ReflectOrDefault(lpCompareItemStruct->hwndItem));
 }
 
-int CWnd::OnCharToItem(UINT, CListBox* pListBox, UINT)
+int CWnd::OnCharToItem(UINT, CListBox*, UINT)
 {
-    return static_cast<int>(ReflectOrDefault(pListBox->GetSafeHwnd()));
+    return static_cast<int>(ReflectOrDefault(Sender(GetCurrentMessage())));
 }
 
-int CWnd::OnVKeyToItem(UINT, CListBox* pListBox, UINT)
+int CWnd::OnVKeyToItem(UINT, CListBox*, UINT)
 {
-    return static_cast<int>(ReflectOrDefault(pListBox->GetSafeHwnd()));
+    return static_cast<int>(ReflectOrDefault(Sender(GetCurrentMessage())));
 }
 
-void CWnd::OnHScroll(UINT, UINT, CScrollBar* pScrollBar)
+void CWnd::OnHScroll(UINT, UINT, CScrollBar*)
 {
-    ReflectOrDefault(pScrollBar->GetSafeHwnd());
+    ReflectOrDefault(Sender(GetCurrentMessage()));
 }
 
-void CWnd::OnVScroll(UINT, UINT, CScrollBar* pScrollBar)
+void CWnd::OnVScroll(UINT, UINT, CScrollBar*)
 {
-    ReflectOrDefault(pScrollBar->GetSafeHwnd());
+    ReflectOrDefault(Sender(GetCurrentMessage()));
 }
 
-HBRUSH CWnd::OnCtlColor(CDC*, CWnd* pWnd, UINT)
+HBRUSH CWnd::OnCtlColor(CDC*, CWnd*, UINT)
 {
-    return reinterpret_cast<HBRUSH>(ReflectOrDefault(pWnd->GetSafeHwnd()));
+    return reinterpret_cast<HBRUSH>(ReflectOrDefault(Sender(GetCurrentMessage())));
 }
 
 void CWnd::OnParentNotify(UINT message, LPARAM lParam)

@@ -79,6 +79,7 @@ class CListeningParent : public CTestWnd
 {
 public:
     bool m_callsBase = true;
+    bool m_passesNoScrollBar = false;
     bool m_answersCommands = false;
     CBrush m_brush;
 
@@ -108,7 +109,7 @@ protected:
     {
         g_order += 'p';
         if (m_callsBase)
-            CTestWnd::OnHScroll(nSBCode, nPos, pScrollBar);
+            CTestWnd::OnHScroll(nSBCode, nPos, m_passesNoScrollBar ? nullptr : pScrollBar);
     }
 
     DECLARE_MESSAGE_MAP()
@@ -122,6 +123,47 @@ BEGIN_MESSAGE_MAP(CListeningParent, CTestWnd)
     ON_WM_CTLCOLOR()
     ON_WM_HSCROLL()
 END_MESSAGE_MAP()
+
+constexpr UINT kEndOfParent = BN_HILITE;
+
+/// Ends its parent when it is told to, and lets the parent handle the message, too.
+class CEndingButton : public CButton
+{
+protected:
+    afx_msg BOOL OnEndOfParent()
+    {
+        GetParent()->DestroyWindow();
+        return FALSE;
+    }
+
+    afx_msg BOOL OnNotifyEndOfParent(NMHDR*, LRESULT*) { return OnEndOfParent(); }
+
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CEndingButton, CButton)
+    ON_CONTROL_REFLECT_EX(kEndOfParent, &CEndingButton::OnEndOfParent)
+    ON_NOTIFY_REFLECT_EX(NM_CLICK, &CEndingButton::OnNotifyEndOfParent)
+END_MESSAGE_MAP()
+
+/// Deletes itself with its window; counts the routing that comes to it afterwards.
+class CVanishingParent : public CTestWnd
+{
+public:
+    explicit CVanishingParent(int& nRouted) : m_nRouted(nRouted) {}
+
+    BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override
+    {
+        ++m_nRouted;
+        return CTestWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
+    }
+
+protected:
+    void PostNcDestroy() override { delete this; }
+
+private:
+    int& m_nRouted;
+};
 
 class Reflection : public testing::Test
 {
@@ -257,6 +299,48 @@ TEST_F(Reflection, ParentWithoutBaseCallKeepsTheScroll)
 TEST_F(Reflection, ReflectedResultIsTheMessagesResult)
 {
     EXPECT_EQ(m_parent.SendMessage(WM_CHARTOITEM, MAKEWPARAM(L'a', 0), ButtonHandle()), 12);
+}
+
+TEST_F(Reflection, ControlWithoutAnIdGetsItsCommand)
+{
+    CReflectingButton button;
+    ASSERT_TRUE(button.SubclassWindow(
+        ::CreateWindow(L"BUTTON", L"", WS_CHILD, 0, 0, 9, 9, m_parent, nullptr, nullptr, nullptr)));
+    button.SendMessage(BM_CLICK);
+    EXPECT_EQ(g_order, "c");
+}
+
+TEST_F(Reflection, BaseHandlerUsesTheMessageAndNotItsArguments)
+{
+    m_parent.m_passesNoScrollBar = true;
+    Scroll();
+    EXPECT_EQ(g_order, "pc");
+}
+
+TEST_F(Reflection, ParentThatTheControlEndedIsNotAskedAnyMore)
+{
+    int nRouted = 0;
+    auto* const pParent = new CVanishingParent(nRouted);
+    ASSERT_TRUE(pParent->CreateHidden());
+    CEndingButton button;
+    ASSERT_TRUE(button.Create(L"", WS_CHILD, CRect(0, 0, 50, 20), pParent, kButtonId));
+    const auto lParam = reinterpret_cast<LPARAM>(button.m_hWnd);
+    pParent->SendMessage(WM_COMMAND, MAKEWPARAM(kButtonId, kEndOfParent), lParam);
+    EXPECT_EQ(nRouted, 0);
+    EXPECT_EQ(button.m_hWnd, nullptr);
+}
+
+TEST_F(Reflection, ParentThatTheControlEndedGetsNoNotification)
+{
+    int nRouted = 0;
+    auto* const pParent = new CVanishingParent(nRouted);
+    ASSERT_TRUE(pParent->CreateHidden());
+    CEndingButton button;
+    ASSERT_TRUE(button.Create(L"", WS_CHILD, CRect(0, 0, 50, 20), pParent, kButtonId));
+    NMHDR header = {button, kButtonId, static_cast<UINT>(NM_CLICK)};
+    pParent->SendMessage(WM_NOTIFY, kButtonId, reinterpret_cast<LPARAM>(&header));
+    EXPECT_EQ(nRouted, 0);
+    EXPECT_EQ(button.m_hWnd, nullptr);
 }
 
 TEST_F(Reflection, OwnerDrawnButtonDrawsItself)
