@@ -165,7 +165,10 @@ void CFrameWnd::InitialUpdateFrame(CDocument*, BOOL bMakeVisible)
     if (!bMakeVisible)
         return;
 
+    const HWND hWnd = m_hWnd;
     SendMessageToDescendants(WM_INITIALUPDATE, 0, 0, TRUE, TRUE);
+    if (!::IsWindow(hWnd))
+        return; // a view gave up, and ended the frame
     ActivateFrame();
     if (m_pActiveView != nullptr)
         m_pActiveView->OnActivateView(TRUE, m_pActiveView, m_pActiveView);
@@ -274,7 +277,8 @@ void CFrameWnd::OnActivate(UINT nState, CWnd* pWndOther, BOOL bMinimized)
     if (m_pActiveView == nullptr)
         return;
     m_pActiveView->OnActivateFrame(nState, this);
-    if (nState != WA_INACTIVE && !bMinimized)
+    const bool isActivated = nState != WA_INACTIVE && !bMinimized;
+    if (isActivated && m_pActiveView != nullptr) // the view may have ended
         m_pActiveView->OnActivateView(TRUE, m_pActiveView, m_pActiveView);
 }
 
@@ -288,18 +292,22 @@ void CFrameWnd::OnSetFocus(CWnd* pOldWnd)
 
 void CFrameWnd::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
-    ForwardScroll(WM_HSCROLL, nSBCode, nPos, pScrollBar);
+    if (m_pActiveView != nullptr)
+        ForwardScroll(WM_HSCROLL, nSBCode, nPos, pScrollBar);
+    else
+        CWnd::OnHScroll(nSBCode, nPos, pScrollBar);
 }
 
 void CFrameWnd::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
-    ForwardScroll(WM_VSCROLL, nSBCode, nPos, pScrollBar);
+    if (m_pActiveView != nullptr)
+        ForwardScroll(WM_VSCROLL, nSBCode, nPos, pScrollBar);
+    else
+        CWnd::OnVScroll(nSBCode, nPos, pScrollBar);
 }
 
 void CFrameWnd::ForwardScroll(UINT message, UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 {
-    if (m_pActiveView == nullptr)
-        return;
     m_pActiveView->SendMessage(message, MAKEWPARAM(nSBCode, nPos),
                                reinterpret_cast<LPARAM>(pScrollBar->GetSafeHwnd()));
 }

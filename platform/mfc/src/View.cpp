@@ -64,8 +64,8 @@ void CView::OnActivateView(BOOL bActivate, CView* pActivateView, CView*)
 {
     if (!bActivate || pActivateView != this)
         return;
-    const CWnd* const pTop = GetTopLevelParent();
-    const bool isActive = ::GetActiveWindow() == pTop->GetSafeHwnd();
+    // The top-level parent would be the owner of an owned frame, which is not active then.
+    const bool isActive = ::GetActiveWindow() == ::GetAncestor(m_hWnd, GA_ROOT);
     const HWND hFocus = ::GetFocus();
     if (isActive && hFocus != m_hWnd && !::IsChild(m_hWnd, hFocus))
         SetFocus();

@@ -28,12 +28,16 @@ public:
     int m_nDeactivations = 0;
     int m_nCommands = 0;
     UINT m_nScrollCode = 0;
+    bool m_endsFrameAtFirst = false;
+    bool m_endsOnFrameActivation = false;
     static bool s_refusesCreation;
 
     void OnInitialUpdate() override
     {
         ++m_nInitialUpdates;
         CView::OnInitialUpdate();
+        if (m_endsFrameAtFirst)
+            GetParentFrame()->DestroyWindow();
     }
 
     void OnPrepareDC(CDC* pDC, CPrintInfo* pInfo) override
@@ -55,6 +59,13 @@ protected:
     {
         ++(bActivate ? m_nActivations : m_nDeactivations);
         CView::OnActivateView(bActivate, pActivate, pDeactive);
+    }
+
+    void OnActivateFrame(UINT nState, CFrameWnd* pFrameWnd) override
+    {
+        CView::OnActivateFrame(nState, pFrameWnd);
+        if (m_endsOnFrameActivation)
+            DestroyWindow();
     }
 
     afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct)
@@ -123,6 +134,66 @@ protected:
         CWnd::PostNcDestroy();
     }
 };
+
+constexpr UINT kEndLoop = WM_APP + 50;
+
+/// A view as an automatic object that is modal for a while.
+class CStackView : public CTestView
+{
+public:
+    int m_nEnds = 0;
+
+    /// Reached through the entry of the base class's map below.
+    virtual LRESULT OnEndLoop(WPARAM wParam, LPARAM) = 0;
+
+protected:
+    void PostNcDestroy() override
+    {
+        ++m_nEnds;
+        CWnd::PostNcDestroy();
+    }
+
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CStackView, CTestView)
+    ON_MESSAGE(kEndLoop, &CStackView::OnEndLoop)
+END_MESSAGE_MAP()
+
+class CModalView : public CStackView
+{
+public:
+    HWND m_hFocusAtEnd = nullptr;
+
+    LRESULT OnEndLoop(WPARAM wParam, LPARAM) override
+    {
+        m_hFocusAtEnd = ::GetFocus();
+        EndModalLoop(static_cast<int>(wParam));
+        return 0;
+    }
+};
+
+class CViewDialog : public CDialog
+{
+public:
+    CViewDialog() = default;
+};
+
+/// A control that takes reflected scrolling.
+class CReflectedScrollBar : public CScrollBar
+{
+public:
+    int m_nScrolls = 0;
+
+protected:
+    afx_msg void VScroll(UINT, UINT) { ++m_nScrolls; }
+
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CReflectedScrollBar, CScrollBar)
+    ON_WM_VSCROLL_REFLECT()
+END_MESSAGE_MAP()
 
 /// A frame with a view, ended with the test.
 class FrameView : public testing::Test
@@ -297,6 +368,31 @@ TEST_F(FrameView, ScrollOfTheFrameGoesToTheView)
     EXPECT_EQ(m_pView->m_nScrollCode, static_cast<UINT>(SB_PAGEDOWN));
 }
 
+TEST_F(FrameView, ScrollWithoutAnActiveViewGoesToTheControl)
+{
+    CReflectedScrollBar bar;
+    ASSERT_TRUE(bar.Create(WS_CHILD | SBS_VERT, CRect(0, 0, 20, 90), m_pFrame, 7));
+    m_pFrame->SendMessage(WM_VSCROLL, SB_PAGEDOWN, reinterpret_cast<LPARAM>(bar.m_hWnd));
+    EXPECT_EQ(bar.m_nScrolls, 1);
+}
+
+TEST_F(FrameView, ViewMayEndWhenTheFrameIsActivated)
+{
+    m_pFrame->InitialUpdateFrame(nullptr, TRUE);
+    m_pView->m_endsOnFrameActivation = true;
+    m_pFrame->SendMessage(WM_ACTIVATE, WA_ACTIVE);
+    EXPECT_EQ(m_pFrame->GetActiveView(), nullptr);
+    EXPECT_EQ(g_nViews, 0);
+}
+
+TEST_F(FrameView, FrameMayEndInTheFirstUpdate)
+{
+    m_pView->m_endsFrameAtFirst = true;
+    m_pFrame->InitialUpdateFrame(nullptr, TRUE);
+    m_pFrame = nullptr;
+    EXPECT_EQ(g_nFrames, 0);
+}
+
 TEST_F(FrameView, FrameIsTheParentFrameOfAllInside)
 {
     CTestWnd inner;
@@ -425,6 +521,52 @@ TEST(Frame, DestructorEndsTheWindowOfAnAutomaticFrameWithoutDeletingTwice)
     }
     EXPECT_FALSE(::IsWindow(hWnd));
     EXPECT_EQ(g_nFrames, 0);
+}
+
+TEST(Frame, ActivatedViewOfAnOwnedFrameGetsTheFocus)
+{
+    CTestWnd owner;
+    ASSERT_TRUE(owner.CreateHidden());
+    owner.ShowWindow(SW_SHOW);
+    CStackFrame frame;
+    ASSERT_TRUE(frame.Create(nullptr, L"", WS_OVERLAPPEDWINDOW, CRect(0, 0, 300, 200), &owner));
+    frame.ShowWindow(SW_SHOW);
+    CModalView view;
+    ASSERT_TRUE(view.Create(nullptr, nullptr, AFX_WS_DEFAULT_VIEW, CRect(), &frame, AFX_IDW_PANE_FIRST));
+    ASSERT_EQ(::GetActiveWindow(), frame.m_hWnd);
+    frame.SetActiveView(&view);
+    EXPECT_EQ(::GetFocus(), view.m_hWnd);
+    frame.DestroyWindow();
+}
+
+TEST(Frame, AutomaticFrameAndViewRunAModalLoopAroundADialog)
+{
+    CStackFrame frame;
+    CModalView view;
+    CViewDialog dialog;
+    ASSERT_TRUE(frame.Create(nullptr, L"frame"));
+    ASSERT_TRUE(view.Create(nullptr, nullptr, AFX_WS_DEFAULT_VIEW, CRect(), &frame, AFX_IDW_PANE_FIRST));
+    frame.RecalcLayout();
+    frame.SetActiveView(&view);
+    frame.ShowWindow(SW_SHOW);
+    EXPECT_EQ(RectIn(frame, view), ClientRectOf(frame));
+
+    ASSERT_TRUE(dialog.Create(IDD_MODAL));
+    dialog.ModifyStyle(WS_POPUP | WS_CAPTION, WS_CHILD);
+    dialog.SetParent(&view);
+    dialog.ShowWindow(SW_SHOW);
+    EXPECT_EQ(dialog.GetParentFrame(), &frame);
+    dialog.GotoDlgCtrl(dialog.GetDlgItem(IDC_TEXT));
+    dialog.GetDlgItem(IDC_TEXT)->PostMessage(WM_KEYDOWN, VK_TAB, 1);
+    view.SetTimer(1, 100, [](HWND hWnd, UINT, UINT_PTR, DWORD) { ::SendMessage(hWnd, kEndLoop, 5, 0); });
+    EXPECT_EQ(view.RunModalLoop(), 5);
+    EXPECT_EQ(view.m_hFocusAtEnd, ::GetDlgItem(dialog, IDC_NUMBER));
+
+    frame.PostMessage(WM_CLOSE);
+    EXPECT_EQ(view.RunModalLoop(), -1);
+    EXPECT_EQ(frame.m_nEnds, 1);
+    EXPECT_EQ(view.m_nEnds, 1);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
 }
 
 TEST(Frame, EndOfTheMainWindowPostsQuit)
