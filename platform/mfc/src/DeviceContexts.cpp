@@ -124,7 +124,7 @@ BOOL CDC::Attach(HDC hDC)
 HDC CDC::Detach()
 {
     m_hAttribDC = nullptr;
-    return DetachHandle(CurrentModuleThreadState().deviceContexts, m_hDC);
+    return DetachHandle(CurrentModuleThreadState().deviceContexts, this, m_hDC);
 }
 
 void CDC::SetAttribDC(HDC hDC)

@@ -94,7 +94,7 @@ BOOL CGdiObject::Attach(HGDIOBJ hObject)
 
 HGDIOBJ CGdiObject::Detach()
 {
-    return DetachHandle(CurrentModuleThreadState().gdiObjects, m_hObject);
+    return DetachHandle(CurrentModuleThreadState().gdiObjects, this, m_hObject);
 }
 
 BOOL CGdiObject::DeleteObject()

@@ -58,7 +58,7 @@ BOOL CImageList::Attach(HIMAGELIST hImageList)
 
 HIMAGELIST CImageList::Detach()
 {
-    return DetachHandle(CurrentModuleThreadState().imageLists, m_hImageList);
+    return DetachHandle(CurrentModuleThreadState().imageLists, this, m_hImageList);
 }
 
 BOOL CImageList::Create(int cx, int cy, UINT nFlags, int nInitial, int nGrow)

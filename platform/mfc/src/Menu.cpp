@@ -66,7 +66,7 @@ BOOL CMenu::Attach(HMENU hMenu)
 
 HMENU CMenu::Detach()
 {
-    return DetachHandle(CurrentModuleThreadState().menus, m_hMenu);
+    return DetachHandle(CurrentModuleThreadState().menus, this, m_hMenu);
 }
 
 BOOL CMenu::CreateMenu()

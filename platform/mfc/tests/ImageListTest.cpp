@@ -38,6 +38,27 @@ TEST(ImageList, DestructorDestroysTheList)
     EXPECT_FALSE(IsImageList(hImageList));
 }
 
+TEST(ImageList, ObjectIsNotFoundByTheHandleItHadBefore)
+{
+    CImageList images;
+    ASSERT_TRUE(images.Create(16, 16, ILC_COLOR32, 0, 4));
+    const HIMAGELIST hFirst = images;
+    ASSERT_TRUE(images.Create(16, 16, ILC_COLOR32, 0, 4));
+    EXPECT_EQ(CImageList::FromHandlePermanent(hFirst), nullptr);
+    EXPECT_EQ(CImageList::FromHandlePermanent(images), &images);
+    ::ImageList_Destroy(hFirst);
+}
+
+TEST(ImageList, ObjectWhoseHandleWasTakenOverLeavesTheOtherFound)
+{
+    CImageList second;
+    CImageList first;
+    ASSERT_TRUE(first.Create(16, 16, ILC_COLOR32, 0, 4));
+    second.Attach(first);
+    first.Detach();
+    EXPECT_EQ(CImageList::FromHandlePermanent(second), &second);
+}
+
 TEST(ImageList, DetachedListSurvivesTheObject)
 {
     HIMAGELIST hImageList = nullptr;
