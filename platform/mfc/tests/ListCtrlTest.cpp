@@ -70,6 +70,15 @@ int CALLBACK ComparePlain(LPARAM first, LPARAM second, LPARAM)
 }
 } // namespace
 
+TEST_F(ListTest, IsAlwaysAChild)
+{
+    CListCtrl list;
+    ASSERT_TRUE(list.Create(LVS_REPORT, kBounds, &m_host, kId));
+    EXPECT_NE(list.GetStyle() & WS_CHILD, 0u);
+    EXPECT_EQ(list.GetParent(), &m_host);
+    EXPECT_EQ(list.GetDlgCtrlID(), static_cast<int>(kId));
+}
+
 TEST_F(ListTest, ColumnsAnswerTheirIndexAndKeepTheirWidth)
 {
     CListCtrl listCtrl;
