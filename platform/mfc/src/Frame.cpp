@@ -74,7 +74,10 @@ CFrameWnd::CFrameWnd()
 {
 }
 
-CFrameWnd::~CFrameWnd() = default;
+CFrameWnd::~CFrameWnd()
+{
+    EnableDisabledWindows(); // nobody can end the modal state any more
+}
 
 BOOL CFrameWnd::PreCreateWindow(CREATESTRUCT& cs)
 {
@@ -89,7 +92,7 @@ BOOL CFrameWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwSt
     CMenu menu;
     if (lpszMenuName != nullptr && !menu.LoadMenu(lpszMenuName))
     {
-        PostNcDestroy();
+        EndFailedCreation();
         return FALSE;
     }
     const HMENU hMenu = menu.Detach(); // the window's, once that exists
@@ -226,6 +229,11 @@ void CFrameWnd::EndModalState()
 {
     if (m_nModalDepth == 0 || --m_nModalDepth > 0)
         return;
+    EnableDisabledWindows();
+}
+
+void CFrameWnd::EnableDisabledWindows()
+{
     for (const HWND hWnd : m_disabledWindows)
         ::EnableWindow(hWnd, TRUE);
     m_disabledWindows.clear();

@@ -8,6 +8,7 @@ IMPLEMENT_DYNAMIC(CView, CWnd)
 BEGIN_MESSAGE_MAP(CView, CWnd)
     ON_WM_PAINT()
     ON_WM_DESTROY()
+    ON_WM_NCDESTROY()
     ON_WM_MOUSEACTIVATE()
     ON_MESSAGE(WM_INITIALUPDATE, &CView::OnInitialUpdateMessage)
 END_MESSAGE_MAP()
@@ -82,6 +83,12 @@ void CView::OnDestroy()
 {
     LeaveFrame();
     CWnd::OnDestroy();
+}
+
+void CView::OnNcDestroy()
+{
+    LeaveFrame(); // for a derived class that handles WM_DESTROY all by itself
+    CWnd::OnNcDestroy();
 }
 
 int CView::OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message)

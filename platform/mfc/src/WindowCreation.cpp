@@ -47,7 +47,7 @@ BOOL WindowCreation::Finish(HWND hWnd)
     CWnd* const pWnd = m_pWnd;
     ObjectEnded();
     pWnd->ReleaseWindow();
-    pWnd->PostNcDestroy();
+    pWnd->EndFailedCreation();
     return FALSE;
 }
 

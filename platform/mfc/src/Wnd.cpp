@@ -44,17 +44,26 @@ bool IsWindowOfThread(HWND hWnd)
     return ::GetWindowThreadProcessId(hWnd, nullptr) == ::GetCurrentThreadId();
 }
 
+// The thread must not keep a pointer to an object that may delete itself.
+// @return true when the window was the thread's main window.
+bool LeaveThread(CWinThread* pThread, const CWnd* pWnd)
+{
+    if (pThread == nullptr)
+        return false;
+    if (pThread->m_pActiveWnd == pWnd)
+        pThread->m_pActiveWnd = nullptr;
+    if (pThread->m_pMainWnd != pWnd)
+        return false;
+    pThread->m_pMainWnd = nullptr;
+    return true;
+}
+
 // The thread ends with its main window. A DLL's application object has no say in that: it does not pump.
 void EndAsMainWindow(const CWnd* pWnd)
 {
     CWinThread* const pThread = AfxGetThread();
-    if (pThread == nullptr)
+    if (!LeaveThread(pThread, pWnd))
         return;
-    if (pThread->m_pActiveWnd == pWnd)
-        pThread->m_pActiveWnd = nullptr;
-    if (pThread->m_pMainWnd != pWnd)
-        return;
-    pThread->m_pMainWnd = nullptr;
     const bool hasPump = !AfxGetModuleState()->m_bDLL || pThread != AfxGetApp();
     if (hasPump)
         ::PostQuitMessage(0);
@@ -210,7 +219,7 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
     cs.dwExStyle = dwExStyle;
     if (!PreCreateWindow(cs))
     {
-        PostNcDestroy();
+        EndFailedCreation();
         return FALSE;
     }
 
@@ -243,6 +252,12 @@ void CWnd::OnNcDestroy()
         m_pModalLoop->WindowEnded();
     if (m_pCreation != nullptr)
         m_pCreation->ObjectEnded();
+    PostNcDestroy();
+}
+
+void CWnd::EndFailedCreation()
+{
+    LeaveThread(AfxGetThread(), this);
     PostNcDestroy();
 }
 

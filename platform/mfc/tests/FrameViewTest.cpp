@@ -173,6 +173,19 @@ public:
     }
 };
 
+/// Ends without the base class's handler.
+class CCarelessView : public CTestView
+{
+protected:
+    afx_msg void OnDestroy() { CWnd::OnDestroy(); }
+
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CCarelessView, CTestView)
+    ON_WM_DESTROY()
+END_MESSAGE_MAP()
+
 class CViewDialog : public CDialog
 {
 public:
@@ -322,6 +335,15 @@ TEST_F(FrameView, EndOfTheViewLeavesTheFrameWithoutOne)
     EXPECT_EQ(g_nViews, 0);
 }
 
+TEST_F(FrameView, EndOfAViewThatLeavesOutItsBaseLeavesTheFrameWithoutOne)
+{
+    auto* const pView = new CCarelessView;
+    ASSERT_TRUE(pView->Create(nullptr, nullptr, AFX_WS_DEFAULT_VIEW, CRect(), m_pFrame, AFX_IDW_PANE_LAST));
+    m_pFrame->SetActiveView(pView);
+    pView->DestroyWindow();
+    EXPECT_EQ(m_pFrame->GetActiveView(), nullptr);
+}
+
 TEST_F(FrameView, DeletedViewLeavesTheFrameWithoutOne)
 {
     m_pFrame->SetActiveView(m_pView);
@@ -432,6 +454,18 @@ TEST_F(FrameView, ModalStatesNest)
     EXPECT_FALSE(m_pFrame->IsWindowEnabled());
     m_pFrame->EndModalState();
     EXPECT_TRUE(m_pFrame->IsWindowEnabled());
+}
+
+TEST(Frame, EndOfAModalFrameEndsItsModalState)
+{
+    CTestWnd owner;
+    ASSERT_TRUE(owner.CreateHidden());
+    auto* const pFrame = new CTestFrame;
+    ASSERT_TRUE(pFrame->Create(nullptr, L"", WS_OVERLAPPEDWINDOW, CFrameWnd::rectDefault, &owner));
+    pFrame->BeginModalState();
+    ASSERT_FALSE(owner.IsWindowEnabled());
+    pFrame->DestroyWindow();
+    EXPECT_TRUE(owner.IsWindowEnabled());
 }
 
 TEST_F(FrameView, MenuItemsAreEnabledByTheirHandlers)
@@ -578,6 +612,21 @@ TEST(Frame, EndOfTheMainWindowPostsQuit)
     MSG message = {};
     EXPECT_TRUE(::PeekMessage(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(AfxGetThread()->m_pMainWnd, nullptr);
+}
+
+TEST(Frame, MainWindowThatCannotBeCreatedIsForgotten)
+{
+    for (const LPCTSTR lpszMenu : {LPCTSTR(MAKEINTRESOURCE(IDD_MISSING)), LPCTSTR(nullptr)})
+    {
+        auto* const pFrame = new CTestFrame;
+        AfxGetThread()->m_pMainWnd = pFrame;
+        EXPECT_FALSE(pFrame->Create(L"no such class", L"", WS_OVERLAPPEDWINDOW, CFrameWnd::rectDefault,
+                                    nullptr, lpszMenu));
+        EXPECT_EQ(AfxGetThread()->m_pMainWnd, nullptr);
+        AfxGetThread()->m_pMainWnd = nullptr; // the object is gone in any case
+    }
+    MSG message = {};
+    EXPECT_FALSE(::PeekMessage(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
 TEST(Frame, EndOfAnotherWindowPostsNoQuit)

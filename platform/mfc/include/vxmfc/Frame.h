@@ -83,6 +83,7 @@ protected:
 private:
     friend class CView;
 
+    void EnableDisabledWindows();
     void ForwardScroll(UINT message, UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
 
     CView* m_pActiveView;
@@ -116,6 +117,7 @@ protected:
 
     afx_msg void OnPaint();
     afx_msg void OnDestroy();
+    afx_msg void OnNcDestroy();
     afx_msg int OnMouseActivate(CWnd* pDesktopWnd, UINT nHitTest, UINT message);
 
     DECLARE_MESSAGE_MAP()

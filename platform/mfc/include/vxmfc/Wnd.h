@@ -423,6 +423,7 @@ protected:
 
 private:
     friend class CDialog;
+    friend class CFrameWnd;
     friend class vxmfc::MessageDispatch;
     friend class vxmfc::ModalLoop;
     friend class vxmfc::WindowCreation;
@@ -435,7 +436,7 @@ private:
     void AdoptWindow(HWND hWnd);
     HWND ReleaseWindow();
     HWND ScrollTarget(int& nBar) const;
-    CPoint CenteredPosition(HWND hOwner) const;
+    void EndFailedCreation(); // the object may be gone afterwards
     LRESULT OnQuerySystemGestureStatus(WPARAM wParam, LPARAM lParam);
 
     HWND m_hWndOwner;
