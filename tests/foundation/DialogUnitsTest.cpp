@@ -428,6 +428,14 @@ TEST_F(ClientSizeForDpi, ForNoDpiIsNothing)
     EXPECT_TRUE(NothingIsAskedFor(m_window.Object(), 0));
 }
 
+TEST_F(ClientSizeForDpi, ADpiOfOneCounts)
+{
+    const FakeMeasures measures(kFrom7x13To10x20);
+    EXPECT_TRUE(IsRect(GetClientSizeForDpi(m_window.Object(), 1), {0, 0, 571, 462}));
+    const WindowDpiAnswer answer(1);
+    EXPECT_TRUE(IsRect(ClientAt144(), {0, 0, 571, 462}));
+}
+
 TEST_F(ClientSizeForDpi, OfADestroyedWindowIsNothing)
 {
     ::DestroyWindow(m_window.Handle());

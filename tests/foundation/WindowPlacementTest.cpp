@@ -44,8 +44,8 @@ struct FakeFrame
     }
 };
 
-// Restores a window on a platform with two monitors, a gap of 200 pixels between them, and writes down what is
-// asked and done. The window itself stays where it is.
+// Restores a window on a platform with two monitors, a gap of 200 pixels between them, and writes down what
+// is asked and done. The window itself stays where it is.
 class RestoringAWindow : public testing::Test
 {
 protected:
