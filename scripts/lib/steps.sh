@@ -12,6 +12,7 @@ build_packages=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest)
 # Without the X libraries Wine still starts, but windows look and behave differently; the fonts decide text sizes.
 run_packages=(wine wine64 xvfb fonts-wine fonts-dejavu-core
     libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1)
+monitor_packages=(x11-utils x11-xserver-utils)
 lint_packages=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest
     clang-format clang-tidy shellcheck)
 
