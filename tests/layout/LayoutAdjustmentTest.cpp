@@ -675,12 +675,15 @@ TEST(AdjustLayout, TakesAParentThatIsGoneAsEmpty)
     CWnd* const pChild = other.AddChild(0, kPlace);
     LayoutParent parent;
     OpenLayoutManager manager(parent.Window());
-    LayoutInfo info = RecordAt({10, 20, 110, 50}, ANCHOR_BOTTOMRIGHT, 0, 5, 7);
+    LayoutInfo info = RecordAt({10, 20, 110, 50}, ANCHOR_BOTTOMRIGHT, kStretchBoth, 5, 7);
     info.pWnd = pChild;
     manager.AddControl(pChild, info);
     ::DestroyWindow(parent.Handle());
+    MovingCalls moves;
+    moves.Name(pChild, "child");
     manager.AdjustLayout();
-    EXPECT_EQ(other.PlaceOf(pChild), Edges(-105, -37, -5, -7));
+    EXPECT_EQ(moves.Lines(),
+              (Lines{"SetWindowPos(child, null, 10, 20, -15, -27, 4)", "InvalidateRect(child, null, 1)"}));
 }
 
 TEST(AdjustLayout, ChangesNoRecordAfterTheCapture)
