@@ -9,6 +9,7 @@
 #include <cstring>
 #include <iterator>
 #include <map>
+#include <new>
 #include <type_traits>
 
 // The virtual functions in their order. Any other class with the same list has the same virtual table. The
@@ -122,6 +123,18 @@ TEST(ClassLayout, LayoutManagerHasItsFieldsInOrderBehindTheVirtualTable)
     EXPECT_EQ(fields.scale, 1.5f);
     EXPECT_EQ(fields.dpi, 144);
     EXPECT_EQ(fields.bNeedCapture, 7);
+}
+
+TEST(ClassLayout, DestroyedLayoutManagerNoLongerPointsToItsRecords)
+{
+    alignas(CDpiLayoutManager) unsigned char memory[sizeof(CDpiLayoutManager)] = {};
+    const auto* const manager = new (memory) CDpiLayoutManager(nullptr);
+    ManagerFields fields = {};
+    std::memcpy(&fields, memory, sizeof fields);
+    EXPECT_NE(fields.pLayouts, nullptr);
+    manager->~CDpiLayoutManager();
+    std::memcpy(&fields, memory, sizeof fields);
+    EXPECT_EQ(fields.pLayouts, nullptr);
 }
 
 TEST(VirtualSlots, OfALayoutManagerStartWithRegistration)
