@@ -1,11 +1,10 @@
 #include <vxdpi/Fonts.h>
 
+#include <foundation/BaseDpi.h>
 #include <foundation/GuardedScaling.h>
 
 namespace
 {
-constexpr UINT kBaseDpi = 96;
-
 struct DesignedSize
 {
     LONG height;

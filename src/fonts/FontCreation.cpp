@@ -1,12 +1,12 @@
 #include <vxdpi/Dpi.h>
 #include <vxdpi/Fonts.h>
 
+#include <foundation/BaseDpi.h>
 #include <foundation/GuardedScaling.h>
 #include <foundation/WrappingArithmetic.h>
 
 namespace
 {
-constexpr UINT kBaseDpi = 96;
 constexpr UINT kPointsPerInch = 72;
 } // namespace
 

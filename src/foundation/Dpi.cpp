@@ -1,11 +1,10 @@
 #include <vxdpi/Dpi.h>
 
+#include "BaseDpi.h"
 #include "Guards.h"
 
 namespace
 {
-constexpr unsigned int kBaseDpi = 96;
-
 unsigned int ScreenDpi()
 {
     const ScreenDc screen;

@@ -1,6 +1,7 @@
 #include <vxdpi/Dpi.h>
 #include <vxdpi/Geometry.h>
 
+#include "BaseDpi.h"
 #include "GuardedScaling.h"
 #include "Guards.h"
 #include "RectScaling.h"
@@ -10,8 +11,6 @@
 
 namespace
 {
-constexpr UINT kBaseDpi = 96;
-
 UINT DpiOfMonitorAt(POINT point)
 {
     const HMONITOR hMonitor = ::MonitorFromPoint(point, MONITOR_DEFAULTTONEAREST);

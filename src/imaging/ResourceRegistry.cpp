@@ -2,13 +2,10 @@
 
 #include "VariantChoice.h"
 
+#include <foundation/BaseDpi.h>
+
 #include <memory>
 #include <new>
-
-namespace
-{
-constexpr UINT kBaseDpi = 96;
-} // namespace
 
 CDpiAwareRes::CDpiAwareRes()
     : m_nCurrentDpi(kBaseDpi), m_nReserved(0), m_pMutex(new (std::nothrow) std::mutex),

@@ -2,15 +2,15 @@
 
 #include "Placement.h"
 
+#include <foundation/BaseDpi.h>
 #include <foundation/RectScaling.h>
 
 #include <new>
 
 namespace
 {
-constexpr int kBaseDpi = 96;
+constexpr int kSmallestDpi = static_cast<int>(kBaseDpi);
 constexpr int kLargestDpi = 576;
-constexpr float kBaseScale = 96.0f;
 
 Placement::Rule RuleOf(const LayoutInfo& info)
 {
@@ -49,7 +49,7 @@ HWND WindowToPlace(const CWnd& parent, const LayoutInfo& info)
 
 CDpiLayoutManager::CDpiLayoutManager(CWnd* pParent)
     : m_pParent(pParent), m_pLayouts(new (std::nothrow) std::map<HWND, LayoutInfo>), m_scale(1.0f),
-      m_dpi(kBaseDpi), m_bNeedCapture(TRUE)
+      m_dpi(kSmallestDpi), m_bNeedCapture(TRUE)
 {
 }
 
@@ -174,7 +174,7 @@ void CDpiLayoutManager::ConvertTo96DPIRect(CRect& rc)
 {
     if (m_dpi == 0)
         return;
-    rc = ScaleEdges(rc, kBaseScale / static_cast<float>(m_dpi));
+    rc = ScaleEdges(rc, static_cast<float>(kBaseDpi) / static_cast<float>(m_dpi));
 }
 
 int CDpiLayoutManager::ScaleX(int v) const
@@ -189,8 +189,8 @@ int CDpiLayoutManager::ScaleY(int v) const
 
 void CDpiLayoutManager::UpdateDpi(int dpi)
 {
-    if (dpi < kBaseDpi || dpi > kLargestDpi || dpi == m_dpi)
+    if (dpi < kSmallestDpi || dpi > kLargestDpi || dpi == m_dpi)
         return;
     m_dpi = dpi;
-    m_scale = static_cast<float>(dpi) / kBaseScale;
+    m_scale = static_cast<float>(dpi) / static_cast<float>(kBaseDpi);
 }
