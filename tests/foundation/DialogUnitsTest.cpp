@@ -450,6 +450,17 @@ TEST_F(ClientSizeForDpi, OfAWindowWithoutFontIsNothing)
     EXPECT_EQ(measures.CallCount(), 0);
 }
 
+TEST_F(ClientSizeForDpi, OfAFontThatDoesNotTellItsDescriptionIsNothing)
+{
+    using ReadObject = decltype(::GetObjectW);
+    const FakeMeasures measures(kFrom7x13To10x20);
+    const FailNthCall<ReadObject> unread(FrameworkModule(), "gdi32.dll", "GetObjectW",
+                                         FailNthCall<ReadObject>::kEveryCall, 0);
+    EXPECT_TRUE(IsRect(ClientAt144(), {0, 0, 0, 0}));
+    EXPECT_GT(unread.CallCount(), 0);
+    EXPECT_EQ(measures.CallCount(), 0);
+}
+
 TEST_F(ClientSizeForDpi, WithoutADeviceContextIsNothingAndLetsNothingOut)
 {
     const FakeMeasures measures(kFrom7x13To10x20);
