@@ -13,6 +13,14 @@
 ///     const UINT nDpi = VxSafeGetDpiForWindow(m_hWnd);
 ///     m_logo.DrawPngInDC(dc.m_hDC, nDpi, rcLogo, nullptr, nullptr);
 ///
+/// CDpiAwarePngSplit cuts a strip of equal square pictures, such as those of a toolbar, into icons or
+/// bitmaps:
+///
+///     m_toolStrip.AddResourceForDpi(96, IDR_TOOLS_96, {16});   // one cell is 16 pixels a side
+///     m_toolStrip.AddResourceForDpi(192, IDR_TOOLS_192, {32});
+///     ...
+///     m_toolIcons = m_toolStrip.CreatePngSplit(nDpi, AfxGetInstanceHandle(), FALSE);
+///
 /// GDI+ must be running (see Dpi.h) for everything but registering. Nothing decoded is kept between calls.
 /// Resources come from the framework's current resource module unless an operation takes a module.
 
@@ -163,6 +171,114 @@ protected:
     /// @param hInstance  the module.
     /// @return as above; when there is no memory for a copy of its bytes, the loaded resource is not freed.
     Gdiplus::Bitmap* CreateBitmapFromPngResource(UINT nResourceId, HINSTANCE hInstance);
+
+private:
+    CDpiAwareRes m_resources;
+};
+
+/// A strip of equal square pictures in several "PNG" resources, one per DPI.
+///
+/// The first of an entry's values is the length of a cell's side in pixels. Every creating operation moves
+/// the object's current DPI, picks the entry as CDpiAwareRes::FindBestResource does, cuts its strip from the
+/// left into whole cells, and scales each by nDpi / entry's DPI. A cell that can't be scaled or converted is
+/// left out, so compare the number of results with the one you expect. No result at all means: nothing is
+/// registered, the entry has no values, or its resource is missing, empty or no image.
+///
+/// GDI+ must be running before a strip is cut. Each cell starts it once more and replaces the token that
+/// ShutdownGdiPlusByVxDpi ends (see Dpi.h), so cut strips on one thread.
+class VXDPI_API CDpiAwarePngSplit
+{
+public:
+    CDpiAwarePngSplit();
+    CDpiAwarePngSplit(const CDpiAwarePngSplit&) = delete;
+
+    /// Copies the registry as CDpiAwareRes does: the two objects then share its lock and its list, so let at
+    /// most one of the two be destroyed.
+    CDpiAwarePngSplit& operator=(const CDpiAwarePngSplit& other);
+
+    /// Does the same; the other object stays as it is.
+    CDpiAwarePngSplit& operator=(CDpiAwarePngSplit&& other);
+    ~CDpiAwarePngSplit();
+
+    /// Registers a "PNG" resource as drawn for a DPI; a later call for the same DPI replaces the earlier one.
+    /// @param nDpi  dots per inch.
+    /// @param nResourceId  integer resource ID, of which the low 16 bits are used.
+    /// @param values  the first one is the length of a cell's side in pixels; the others are not used.
+    void AddResourceForDpi(UINT nDpi, UINT nResourceId, const std::vector<UINT>& values);
+
+    /// Cuts the best entry's strip into icons.
+    /// @param nDpi  dots per inch.
+    /// @param hInstance  the module that holds the "PNG" resources.
+    /// @param bFixedIcons  not 0: GDI makes the icons, with a mask that is set where the picture is visible;
+    ///        0: GDI+ makes them.
+    /// @return the icons from the left; the caller frees them, as with DestroyIcons.
+    std::vector<HICON> CreatePngSplit(UINT nDpi, HINSTANCE hInstance, int bFixedIcons);
+
+    /// Cuts the best entry's strip of the framework's current resource module into icons in light grey, for
+    /// commands that are not available.
+    /// @param nDpi  dots per inch.
+    /// @return the icons from the left; the caller frees them, as with DestroyIcons.
+    std::vector<HICON> CreateDisabledStylePngSplit(UINT nDpi);
+
+    /// Cuts the best entry's strip into bitmaps. An entry whose cells are 0 pixels long divides by 0.
+    /// @param nDpi  dots per inch.
+    /// @param hInstance  the module that holds the "PNG" resources.
+    /// @param background  0xAARRGGBB, the colour that transparent pixels are laid over.
+    /// @return the bitmaps from the left; the caller frees each with DeleteObject. The decoded image of a
+    ///         damaged strip stays allocated.
+    std::vector<HBITMAP> CreatePngSplitBitmap(UINT nDpi, HINSTANCE hInstance, DWORD background);
+
+    /// Destroys icons.
+    /// @param icons  becomes empty; null handles are passed over.
+    void DestroyIcons(std::vector<HICON>& icons);
+
+protected:
+    /// Decodes an image resource.
+    /// @param nResourceId  integer resource ID, of which the low 16 bits are used.
+    /// @param type  name of the resource type.
+    /// @param hInstance  the module.
+    /// @return the bitmap, which the caller deletes and whose status tells whether the bytes were an image;
+    ///         null when the resource is missing or empty, or memory is short.
+    Gdiplus::Bitmap* LoadPngFromResource(UINT nResourceId, const wchar_t* type, HINSTANCE hInstance);
+
+    /// Scales a bitmap to a height with high-quality bicubic interpolation, keeping its proportions. Starts
+    /// GDI+ once more (see the class).
+    /// @param pSource  stays the caller's.
+    /// @param nSize  the height in device pixels.
+    /// @return a new 32-bit ARGB bitmap that the caller deletes; null when pSource is null, nSize is not
+    ///         above 0, or memory is short. A failure to draw is not reported.
+    Gdiplus::Bitmap* ScaleBitmap(Gdiplus::Bitmap* pSource, int nSize);
+
+    /// Turns a bitmap into light grey: its brightness (0.299 red + 0.587 green + 0.114 blue), brought 30 % of
+    /// the way to white. Alpha stays.
+    /// @param pBitmap  changed in place; null, or one whose pixels can't be locked, is left alone.
+    void ApplyDisabledEffect(Gdiplus::Bitmap* pBitmap);
+
+    /// Makes an icon by GDI, with a mask that is white where the picture is visible.
+    /// @param pBitmap  stays the caller's.
+    /// @return an icon that the caller frees with DestroyIcon; null when pBitmap is null or GDI refuses.
+    HICON ConvertBitmapToIconFixed(Gdiplus::Bitmap* pBitmap);
+
+    /// Cuts a strip into icons.
+    /// @param nResourceId  integer resource ID of type "PNG".
+    /// @param nTargetSize  length of an icon's side in device pixels.
+    /// @param nCellSize  length of a cell's side in the strip's pixels; 0 gives no icons.
+    /// @param hInstance  the module.
+    /// @param bFixedIcons  as in CreatePngSplit.
+    /// @param bDisabled  not 0: the icons are turned into light grey.
+    /// @return the icons from the left; the caller frees them.
+    std::vector<HICON> SplitPngToIcons(UINT nResourceId, int nTargetSize, int nCellSize, HINSTANCE hInstance,
+                                       int bFixedIcons, int bDisabled);
+
+    /// Cuts a strip into bitmaps.
+    /// @param nResourceId  integer resource ID of type "PNG".
+    /// @param nTargetSize  length of a bitmap's side in device pixels.
+    /// @param nCellSize  length of a cell's side in the strip's pixels; must not be 0.
+    /// @param hInstance  the module.
+    /// @param background  0xAARRGGBB, the colour that transparent pixels are laid over.
+    /// @return the bitmaps from the left; the caller frees them.
+    std::vector<HBITMAP> SplitPngToBitmaps(UINT nResourceId, int nTargetSize, int nCellSize,
+                                           HINSTANCE hInstance, DWORD background);
 
 private:
     CDpiAwareRes m_resources;

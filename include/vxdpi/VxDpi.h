@@ -4,6 +4,7 @@
 /// Every family of the library.
 
 #include <vxdpi/Dpi.h>
+#include <vxdpi/DrawBoard.h>
 #include <vxdpi/Fonts.h>
 #include <vxdpi/Geometry.h>
 #include <vxdpi/Images.h>
