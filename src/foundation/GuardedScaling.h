@@ -20,3 +20,15 @@ inline INT GuardedScale(INT value, UINT multiplier, UINT divisor)
         return value;
     return MulDiv(value, static_cast<INT>(multiplier), static_cast<INT>(divisor));
 }
+
+/// The same for an unsigned value, whose product has to stay within the signed range too.
+inline UINT GuardedScaleUnsigned(UINT value, UINT multiplier, UINT divisor)
+{
+    if (divisor == 0)
+        return value;
+    constexpr std::uint64_t kLargest = (std::numeric_limits<INT>::max)();
+    if (std::uint64_t{value} * std::uint64_t{multiplier} > kLargest)
+        return value;
+    return static_cast<UINT>(
+        MulDiv(static_cast<INT>(value), static_cast<INT>(multiplier), static_cast<INT>(divisor)));
+}

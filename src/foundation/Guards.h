@@ -24,6 +24,23 @@ struct GlobalMemoryDeleter
     void operator()(HGLOBAL hMemory) const { ::GlobalFree(hMemory); }
 };
 
+struct GlobalMemoryUnlocker
+{
+    using pointer = HGLOBAL;
+
+    void operator()(HGLOBAL hMemory) const { ::GlobalUnlock(hMemory); }
+};
+
+struct IconDestroyer
+{
+    void operator()(HICON hIcon) const { ::DestroyIcon(hIcon); }
+};
+
+struct ModuleFreer
+{
+    void operator()(HMODULE hModule) const { ::FreeLibrary(hModule); }
+};
+
 struct ComReleaser
 {
     void operator()(IUnknown* pObject) const { pObject->Release(); }
@@ -40,8 +57,10 @@ using UniqueBitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, GdiObjectDe
 using UniqueFont = std::unique_ptr<std::remove_pointer_t<HFONT>, GdiObjectDeleter>;
 using UniqueRegion = std::unique_ptr<std::remove_pointer_t<HRGN>, GdiObjectDeleter>;
 using UniqueMemoryDc = std::unique_ptr<std::remove_pointer_t<HDC>, MemoryDcDeleter>;
+using UniqueIcon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDestroyer>;
+using UniqueModule = std::unique_ptr<std::remove_pointer_t<HMODULE>, ModuleFreer>;
 using UniqueGlobalMemory = std::unique_ptr<void, GlobalMemoryDeleter>;
-
+using GlobalMemoryLock = std::unique_ptr<void, GlobalMemoryUnlocker>;
 using UniqueLoadedResource = std::unique_ptr<void, LoadedResourceFreer>;
 
 template<class Interface>

@@ -3,6 +3,7 @@
 #include "Guards.h"
 
 #include <cstring>
+#include <utility>
 
 /// A resource's bytes, in place in its module.
 struct ResourceBytes
@@ -31,17 +32,34 @@ template<class ModuleSource>
     return found;
 }
 
-/// Copies bytes into a movable memory block of their own, as a stream wants it.
-/// @return the unlocked block; null when memory is short.
-[[nodiscard]] inline UniqueGlobalMemory CopyToGlobalMemory(const void* pBytes, DWORD size)
+/// Bytes in a movable memory block of their own, as a stream wants it.
+struct LockedBlock
 {
+    UniqueGlobalMemory block; ///< null when memory is short
+    GlobalMemoryLock lock;    ///< unlocks the block before it is freed
+};
+
+/// Copies bytes into a block and leaves it locked.
+[[nodiscard]] inline LockedBlock CopyToLockedMemory(const void* pBytes, DWORD size)
+{
+    LockedBlock copy;
     UniqueGlobalMemory block(::GlobalAlloc(GMEM_MOVEABLE, size));
     if (!block)
-        return nullptr;
+        return copy;
     void* const pBlock = ::GlobalLock(block.get());
     if (!pBlock)
-        return nullptr;
+        return copy;
     std::memcpy(pBlock, pBytes, size);
-    ::GlobalUnlock(block.get());
-    return block;
+    copy.block = std::move(block);
+    copy.lock.reset(copy.block.get());
+    return copy;
+}
+
+/// Copies bytes into a block that is not locked.
+/// @return the block; null when memory is short.
+[[nodiscard]] inline UniqueGlobalMemory CopyToGlobalMemory(const void* pBytes, DWORD size)
+{
+    LockedBlock copy = CopyToLockedMemory(pBytes, size);
+    copy.lock.reset();
+    return std::move(copy.block);
 }

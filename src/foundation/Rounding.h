@@ -18,6 +18,14 @@ inline UINT TruncateToUnsigned(float value)
     return hasWholePart ? static_cast<UINT>(static_cast<long long>(value)) : 0;
 }
 
+/// Cuts the fraction off a coordinate; the smallest 32-bit number for values out of range.
+inline INT TruncateToSigned(float value)
+{
+    constexpr float kTwoTo31 = 2147483648.0f;
+    const bool fits = value >= -kTwoTo31 && value < kTwoTo31;
+    return fits ? static_cast<INT>(value) : (std::numeric_limits<INT>::min)();
+}
+
 /// Rounds to the nearest whole number, halves away from zero; the smallest 32-bit number for values out of
 /// range. Adding the largest number below a half, instead of a half, keeps that number itself from being
 /// rounded up.

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <windef.h>
+#include "PixelRuns.h"
 
 #include <emmintrin.h>
-
-#include <cstddef>
 
 /// Gives every pixel that is not fully transparent one colour and leaves its alpha. Pixels are 32-bit words
 /// 0xAARRGGBB; a colour is 0x00RRGGBB.
@@ -43,21 +41,10 @@ inline void ReplaceInRun(DWORD* pPixels, std::size_t count, DWORD color)
     ReplaceInRunPlain(pPixels + inBlocks, count - inBlocks, color);
 }
 
-/// @param pScan0  the first row.
-/// @param nStride  bytes from one row to the next; may be negative. Bytes beyond a row's pixels are not
-///        touched.
+/// As ForEachRun describes an image.
 inline void ReplaceInImage(void* pScan0, UINT nWidth, UINT nHeight, INT nStride, DWORD color)
 {
-    const std::size_t width = nWidth;
-    if (nStride == static_cast<std::ptrdiff_t>(width * sizeof(DWORD)))
-    {
-        ReplaceInRun(static_cast<DWORD*>(pScan0), width * nHeight, color);
-        return;
-    }
-    for (UINT y = 0; y < nHeight; ++y)
-    {
-        BYTE* const pRow = static_cast<BYTE*>(pScan0) + static_cast<std::ptrdiff_t>(y) * nStride;
-        ReplaceInRun(reinterpret_cast<DWORD*>(pRow), width, color);
-    }
+    ForEachRun(pScan0, nWidth, nHeight, nStride,
+               [color](DWORD* pPixels, std::size_t count) { ReplaceInRun(pPixels, count, color); });
 }
 } // namespace ColorReplacement

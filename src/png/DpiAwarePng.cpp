@@ -11,8 +11,6 @@
 
 namespace
 {
-constexpr wchar_t kPngType[] = L"PNG";
-
 enum class OnShortMemory
 {
     FreeResource,

@@ -4,6 +4,9 @@
 
 #include <vxdpi/GdiPlus.h>
 
+/// Name of the resource type.
+constexpr wchar_t kPngType[] = L"PNG";
+
 /// A picture's size in device pixels.
 struct PixelSize
 {
