@@ -3,6 +3,7 @@
 /// @file
 /// Every family of the library.
 
+#include <vxdpi/Controls.h>
 #include <vxdpi/Dpi.h>
 #include <vxdpi/DrawBoard.h>
 #include <vxdpi/Fonts.h>
@@ -10,3 +11,4 @@
 #include <vxdpi/Images.h>
 #include <vxdpi/Layout.h>
 #include <vxdpi/Png.h>
+#include <vxdpi/ScrollFrame.h>
