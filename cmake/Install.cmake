@@ -8,9 +8,15 @@ install(TARGETS vxdpi vxdpi_framework EXPORT vxdpiTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(DIRECTORY include/vxdpi DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 if(MSVC)
     install(FILES $<TARGET_PDB_FILE:vxdpi> DESTINATION ${CMAKE_INSTALL_BINDIR} OPTIONAL)
+endif()
+
+# What has files of its own per configuration, besides the library; with Microsoft's MFC the framework has none.
+set(VXDPI_COMPILED_FRAMEWORK_TARGETS "")
+if(NOT MSVC)
+    set(VXDPI_COMPILED_FRAMEWORK_TARGETS "vxdpi::framework vxdpi::vxdpi_framework_exe vxdpi::vxdpi_framework_dll")
 endif()
 
 install(EXPORT vxdpiTargets NAMESPACE vxdpi:: DESTINATION ${package_dir})
@@ -27,4 +33,7 @@ install(FILES
 set(CPACK_GENERATOR ZIP)
 set(CPACK_PACKAGE_VENDOR "The vxdpi authors")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
+# Packages of different compilers can't take each other's place, so that their names tell them apart.
+string(TOLOWER ${CMAKE_CXX_COMPILER_ID} compiler)
+set(CPACK_PACKAGE_FILE_NAME vxdpi-${PROJECT_VERSION}-windows-x64-${compiler})
 include(CPack)

@@ -1,0 +1,206 @@
+# Installs the library, moves the package, builds the application of this folder from it and runs it:
+#
+#   cmake -D BUILD_DIR=... -D CONFIG=... [-D REPORT=...] -P TestPackage.cmake
+#
+#   BUILD_DIR  build of the library, in which CONFIG is built
+#   REPORT     file for the results, in the form of GoogleTest's XML reports
+cmake_minimum_required(VERSION 3.25)
+
+get_filename_component(root ${CMAKE_CURRENT_LIST_DIR}/../.. ABSOLUTE)
+get_filename_component(BUILD_DIR ${BUILD_DIR} ABSOLUTE)
+load_cache(${BUILD_DIR} READ_WITH_PREFIX build_ CMAKE_GENERATOR CMAKE_GENERATOR_PLATFORM CMAKE_TOOLCHAIN_FILE
+    CMAKE_PROJECT_VERSION_MAJOR CMAKE_PROJECT_VERSION_MINOR)
+set(work_dir ${BUILD_DIR}/package-test/${CONFIG})
+set(package_dir ${work_dir}/moved/elsewhere)
+set(consumer_dir ${work_dir}/consumer)
+
+set(cases "")
+set(failures 0)
+
+# One result. A test that fails does not end the script, unless nothing can follow it.
+function(report name passed text)
+    if(passed)
+        message(STATUS "ok: ${name}")
+        string(APPEND cases "    <testcase name=\"${name}\" classname=\"Package\" />\n")
+    else()
+        message(STATUS "FAILED: ${name}\n${text}")
+        string(APPEND cases "    <testcase name=\"${name}\" classname=\"Package\">\n"
+            "      <failure message=\"see the log\" type=\"\"></failure>\n    </testcase>\n")
+        math(EXPR failures "${failures} + 1")
+    endif()
+    set(cases "${cases}" PARENT_SCOPE)
+    set(failures ${failures} PARENT_SCOPE)
+endfunction()
+
+macro(finish)
+    if(REPORT)
+        file(WRITE ${REPORT} "<testsuites>\n  <testsuite name=\"Package\">\n${cases}  </testsuite>\n</testsuites>\n")
+    endif()
+    if(failures)
+        message(FATAL_ERROR "${failures} of the package's tests failed")
+    endif()
+    return()
+endmacro()
+
+# A command that the following ones need.
+macro(report_needed name)
+    execute_process(COMMAND ${ARGN} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    if(status EQUAL 0)
+        report(${name} TRUE "")
+    else()
+        report(${name} FALSE "${output}")
+        finish()
+    endif()
+endmacro()
+
+macro(install_and_move)
+    file(REMOVE_RECURSE ${work_dir})
+    report_needed(Installs ${CMAKE_COMMAND} --install ${BUILD_DIR} --config ${CONFIG} --prefix ${work_dir}/installed)
+    file(MAKE_DIRECTORY ${work_dir}/moved)
+    file(RENAME ${work_dir}/installed ${package_dir})
+endmacro()
+
+# The text files of the package must not tell where they were made.
+macro(check_paths)
+    set(found "")
+    file(GLOB_RECURSE files ${package_dir}/lib/cmake/* ${package_dir}/include/* ${package_dir}/share/*)
+    foreach(file IN LISTS files)
+        file(READ ${file} text)
+        foreach(folder IN ITEMS ${root} ${BUILD_DIR} ${work_dir})
+            string(FIND "${text}" ${folder} position)
+            if(NOT position EQUAL -1)
+                string(APPEND found "${file}: ${folder}\n")
+            endif()
+        endforeach()
+    endforeach()
+    if(files AND found STREQUAL "")
+        report(NamesNoFolderOfTheBuild TRUE "")
+    else()
+        report(NamesNoFolderOfTheBuild FALSE "${found}")
+    endif()
+endmacro()
+
+# Debug and release have no file in common. What is not built stands in as empty files beside what was installed, so
+# that the choice between the two can be tested without it.
+macro(add_other_configuration)
+    set(other Debug)
+    if(CONFIG STREQUAL Debug)
+        set(other RelWithDebInfo)
+    endif()
+    string(TOLOWER ${other} name)
+    file(GLOB targets_file ${BUILD_DIR}/CMakeFiles/Export/*/vxdpiTargets-${name}.cmake)
+    file(READ ${targets_file} text)
+    string(REGEX MATCHALL "_IMPORT_PREFIX}[^\" ]+" files "${text}")
+    list(REMOVE_DUPLICATES files)
+    set(shared "")
+    foreach(file IN LISTS files)
+        string(REPLACE "_IMPORT_PREFIX}" ${package_dir} file ${file})
+        if(EXISTS ${file})
+            string(APPEND shared "${file}\n")
+        endif()
+        file(APPEND ${file} "")
+    endforeach()
+    file(COPY ${targets_file} DESTINATION ${package_dir}/lib/cmake/vxdpi)
+    if(files AND shared STREQUAL "")
+        report(DebugAndReleaseShareNoFile TRUE "")
+    else()
+        report(DebugAndReleaseShareNoFile FALSE "${shared}")
+    endif()
+endmacro()
+
+macro(configure_consumer)
+    set(settings "")
+    if(build_CMAKE_GENERATOR_PLATFORM)
+        list(APPEND settings -A ${build_CMAKE_GENERATOR_PLATFORM})
+    endif()
+    if(build_CMAKE_TOOLCHAIN_FILE)
+        list(APPEND settings -D CMAKE_TOOLCHAIN_FILE=${build_CMAKE_TOOLCHAIN_FILE})
+    endif()
+    file(WRITE ${work_dir}/Probe.cmake
+        [[file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/library-$<CONFIG>.txt CONTENT $<TARGET_FILE:vxdpi::vxdpi>)]])
+    report_needed(IsFoundWhereItWasMovedTo ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${consumer_dir}
+        -G ${build_CMAKE_GENERATOR} ${settings}
+        -D CMAKE_PREFIX_PATH=${package_dir} -D CMAKE_PROJECT_consumer_INCLUDE=${work_dir}/Probe.cmake)
+endmacro()
+
+macro(check_library_of config file)
+    file(READ ${consumer_dir}/library-${config}.txt chosen)
+    if(chosen STREQUAL "${package_dir}/bin/${file}")
+        report(GivesTheLibraryFor${config} TRUE "")
+    else()
+        report(GivesTheLibraryFor${config} FALSE "${chosen} instead of ${file}")
+    endif()
+endmacro()
+
+# The program is run as the tests are: at a DPI that is not the base, and away from Windows in a session.
+macro(run_consumer)
+    set(command ${consumer_dir}/${CONFIG}/consumer.exe)
+    if(NOT CMAKE_HOST_WIN32)
+        list(PREPEND command ${root}/platform/wine/session --dpi 144 --timeout 60 --)
+    endif()
+    execute_process(COMMAND ${command} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    if(NOT status EQUAL 0)
+        report(ProgramEndsWell FALSE "exit code ${status}\n${output}")
+    else()
+        report(ProgramEndsWell TRUE "")
+    endif()
+    file(GLOB headers RELATIVE ${package_dir}/include/vxdpi ${package_dir}/include/vxdpi/*.h)
+    list(REMOVE_ITEM headers DrawBoard.h Export.h GdiPlus.h VxDpi.h)
+    foreach(header IN LISTS headers)
+        get_filename_component(family ${header} NAME_WE)
+        if(output MATCHES "ok ${family}\r?\n")
+            report(ProgramUses${family} TRUE "")
+        else()
+            report(ProgramUses${family} FALSE "${output}")
+        endif()
+    endforeach()
+endmacro()
+
+# Answers what find_package says to a build by another compiler, or to one that needs another version.
+function(find_package_as compiler version output_variable)
+    file(WRITE ${work_dir}/Find.cmake
+        "set(CMAKE_CXX_COMPILER_ID ${compiler})\nset(CMAKE_SYSTEM_NAME Windows)\n"
+        "find_package(vxdpi ${version} CONFIG REQUIRED PATHS ${package_dir} NO_DEFAULT_PATH)\n")
+    execute_process(COMMAND ${CMAKE_COMMAND} -P ${work_dir}/Find.cmake OUTPUT_VARIABLE output ERROR_VARIABLE output)
+    string(REGEX REPLACE "[ \n]+" " " output "${output}")
+    set(${output_variable} ${output} PARENT_SCOPE)
+endfunction()
+
+macro(report_match name text pattern)
+    if("${text}" MATCHES "${pattern}")
+        report(${name} TRUE "")
+    else()
+        report(${name} FALSE "${text}")
+    endif()
+endmacro()
+
+macro(check_refusals)
+    set(version ${build_CMAKE_PROJECT_VERSION_MAJOR}.${build_CMAKE_PROJECT_VERSION_MINOR})
+    find_package_as(Other ${version} answer)
+    report_match(RefusesAnotherCompilerForWindows "${answer}"
+        "this package was built by [A-Za-z]+ for Windows, not by Other for Windows")
+    math(EXPR next "${build_CMAKE_PROJECT_VERSION_MINOR} + 1")
+    find_package_as(Other ${build_CMAKE_PROJECT_VERSION_MAJOR}.${next} answer)
+    report_match(RefusesToBeANewerVersion "${answer}" "compatible with requested version")
+
+    if(NOT CMAKE_HOST_WIN32)
+        execute_process(COMMAND ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${work_dir}/foreign -G Ninja
+            -D CMAKE_PREFIX_PATH=${package_dir}
+            OUTPUT_VARIABLE answer ERROR_VARIABLE answer)
+        string(REGEX REPLACE "[ \n]+" " " answer "${answer}")
+        report_match(RefusesTheSystemsOwnCompiler "${answer}"
+            "this package was built by GNU for Windows, not by [A-Za-z]+ for ${CMAKE_HOST_SYSTEM_NAME}")
+    endif()
+endmacro()
+
+install_and_move()
+check_paths()
+add_other_configuration()
+check_refusals()
+configure_consumer()
+check_library_of(Debug vxdpid.dll)
+check_library_of(Release vxdpi.dll)
+check_library_of(RelWithDebInfo vxdpi.dll)
+report_needed(ProgramIsBuilt ${CMAKE_COMMAND} --build ${consumer_dir} --config ${CONFIG})
+run_consumer()
+finish()
