@@ -11,6 +11,9 @@ install(DIRECTORY include/vxdpi DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 if(MSVC)
     install(FILES $<TARGET_PDB_FILE:vxdpi> DESTINATION ${CMAKE_INSTALL_BINDIR} OPTIONAL)
+else()
+    # With Microsoft's linker the views are in the PDB.
+    install(DIRECTORY natvis DESTINATION ${CMAKE_INSTALL_DATADIR}/vxdpi)
 endif()
 
 # What has files of its own per configuration, besides the library; with Microsoft's MFC the framework has none.
