@@ -1,6 +1,6 @@
 #include <vxdpi/Layout.h>
 
-#include "Placement.h"
+#include "LayoutRecord.h"
 
 #include <foundation/BaseDpi.h>
 #include <foundation/RectScaling.h>
@@ -11,20 +11,6 @@ namespace
 {
 constexpr int kSmallestDpi = static_cast<int>(kBaseDpi);
 constexpr int kLargestDpi = 576;
-
-Placement::Rule RuleOf(const LayoutInfo& info)
-{
-    Placement::Rule rule = {};
-    rule.base96 = info.rcBase96;
-    rule.marginRight96 = info.nMarginRight;
-    rule.marginBottom96 = info.nMarginBottom;
-    rule.stretchesWidth = (info.nSizePolicy & SIZE_STRETCH_WIDTH) != 0;
-    rule.stretchesHeight = (info.nSizePolicy & SIZE_STRETCH_HEIGHT) != 0;
-    rule.keepsDesignedSize = info.bMinSize != FALSE;
-    rule.followsRight = info.nAnchor == ANCHOR_RIGHT || info.nAnchor == ANCHOR_BOTTOMRIGHT;
-    rule.followsBottom = info.nAnchor == ANCHOR_BOTTOM || info.nAnchor == ANCHOR_BOTTOMRIGHT;
-    return rule;
-}
 
 /// The window to capture a control from; null when it is gone.
 HWND WindowToCapture(const CWnd& parent, const LayoutInfo& info)
@@ -141,9 +127,7 @@ void CDpiLayoutManager::AutoCaptureRects()
         ::GetWindowRect(hControl, &rect96);
         m_pParent->ScreenToClient(&rect96);
         ConvertTo96DPIRect(rect96);
-        info.nMarginRight = WrappingSubtract(client96.right, rect96.right);
-        info.nMarginBottom = WrappingSubtract(client96.bottom, rect96.bottom);
-        info.rcBase96 = rect96;
+        StorePlace(info, rect96, client96);
     }
 }
 
