@@ -25,7 +25,17 @@ public:
 
     UINT Dpi() const { return VxSafeGetDpiForWindow(m_hWnd); }
 
+    CDPIAwareListCtrl m_files;
+    CRealButton m_ok;
+
 protected:
+    void DoDataExchange(CDataExchange* pDX) override
+    {
+        CDialog::DoDataExchange(pDX);
+        DDX_Control(pDX, IDC_FILES, m_files);
+        DDX_Control(pDX, IDOK, m_ok);
+    }
+
     BOOL OnInitDialog() override
     {
         CDialog::OnInitDialog();
@@ -52,10 +62,21 @@ BEGIN_MESSAGE_MAP(CSettingsDialog, CDialog)
     ON_WM_SIZE()
 END_MESSAGE_MAP()
 
-void AddPicture(CDpiAwarePng& picture)
+CSize SizeOf(const CBitmap& bitmap)
 {
-    picture.AddResourceForDpi(96, IDR_PICTURE_96, {});
-    picture.AddResourceForDpi(192, IDR_PICTURE_192, {});
+    BITMAP description = {};
+    ::GetObject(bitmap, sizeof description, &description);
+    return CSize(description.bmWidth, description.bmHeight);
+}
+
+bool UseControls()
+{
+    CSettingsDialog dialog;
+    dialog.Create(IDD_SETTINGS);
+    dialog.m_files.InsertColumn(0, L"Name", LVCFMT_LEFT, 80);
+    dialog.m_ok.EnableWindow(FALSE);
+    return dialog.m_files.GetColumnWidth(0) == MulDiv(80, static_cast<int>(dialog.Dpi()), kBaseDpi) &&
+           !dialog.m_ok.IsWindowEnabled();
 }
 
 bool UseDpi()
@@ -65,6 +86,16 @@ bool UseDpi()
     const CGdiPlusInitializer secondStart;
     return dialog.Dpi() == ::GetDpiForWindow(dialog.m_hWnd) && VxSafeGetDpiForWindow(nullptr) == kBaseDpi &&
            secondStart.m_token != 0;
+}
+
+bool UseDrawBoard()
+{
+    CDrawBoard board;
+    board.AddImageResource(1, 96, IDR_PICTURE_96, L"PNG");
+    board.SetDrawBoardSize(CSize(16, 16));
+    CClientDC dc(nullptr);
+    return board.DrawImage(dc.m_hDC, CRect(0, 0, 32, 32),
+                           [&board] { return board.DrawImageToBoard(1, CPoint(0, 0)); }) != FALSE;
 }
 
 bool UseFonts()
@@ -94,7 +125,17 @@ bool UseImages()
     pictures.RegisterIconResource(192, IDR_PICTURE_192, {32});
     pictures.UpdateCurrentDpi(144);
     const ResourceInfo* const pBest = pictures.FindBestResource();
-    return pBest != nullptr && pBest->nResourceId == IDR_PICTURE_192 && pBest->values.size() == 1;
+
+    CDpiAwareBitmap bitmap;
+    bitmap.AddResourceForDpi(96, IDB_PICTURE_96, {});
+    const bool bLoaded = bitmap.LoadDpiAwareBitmap(96) != FALSE;
+
+    CDpiAwareIcon icons;
+    icons.AddResourceForDpi(96, IDI_PICTURE_96, {16, 32});
+    const HICON hIcon = icons.CreateAwareIconSpecifyDpi(192);
+    const bool bDestroyed = ::DestroyIcon(hIcon) != FALSE;
+    return pBest != nullptr && pBest->nResourceId == IDR_PICTURE_192 && pBest->values.size() == 1 &&
+           bLoaded && SizeOf(bitmap) == CSize(16, 16) && bDestroyed;
 }
 
 bool UseLayout()
@@ -112,12 +153,18 @@ bool UseLayout()
 bool UsePng()
 {
     CDpiAwarePng picture;
-    AddPicture(picture);
+    picture.AddResourceForDpi(96, IDR_PICTURE_96, {});
+    picture.AddResourceForDpi(192, IDR_PICTURE_192, {});
     Gdiplus::Size size;
     CBitmap bitmap;
     bitmap.Attach(picture.ScalePngResource(288, &size, Gdiplus::Color::Transparent));
-    BITMAP description = {};
-    return bitmap.GetBitmap(&description) != 0 && description.bmWidth == 48 && size.Height == 48;
+
+    CDpiAwarePngSplit strip;
+    strip.AddResourceForDpi(96, IDR_STRIP_96, {16});
+    std::vector<HICON> icons = strip.CreatePngSplit(144, AfxGetResourceHandle(), FALSE);
+    const bool bCut = !icons.empty();
+    strip.DestroyIcons(icons);
+    return SizeOf(bitmap) == CSize(48, 48) && size.Height == 48 && bCut && icons.empty();
 }
 
 struct Family
@@ -126,8 +173,9 @@ struct Family
     bool (*pfnUse)();
 };
 
-constexpr Family kFamilies[] = {{"Dpi", UseDpi},       {"Fonts", UseFonts},   {"Geometry", UseGeometry},
-                                {"Images", UseImages}, {"Layout", UseLayout}, {"Png", UsePng}};
+constexpr Family kFamilies[] = {
+    {"Controls", UseControls}, {"DrawBoard", UseDrawBoard}, {"Dpi", UseDpi},       {"Fonts", UseFonts},
+    {"Geometry", UseGeometry}, {"Images", UseImages},       {"Layout", UseLayout}, {"Png", UsePng}};
 
 void PrintLine(const CStringA& line)
 {
