@@ -40,7 +40,7 @@ void HandOver(CStatic& ctrl, UniqueBitmap bitmap)
 
 CRect CoordinatesMapping::ToDevice(const CRect& rc) const
 {
-    return SceneMapping::ToDevice(rc, SceneMapping::Fit(m_rcLogical, m_rcDevice));
+    return SceneMapping::ToDevice(rc, m_rcLogical, m_rcDevice);
 }
 
 CDrawBoard::CDrawBoard() : m_nDpi(kBaseDpi), m_pGraphics(nullptr), m_pBoard(nullptr) {}

@@ -42,14 +42,11 @@ struct Axes
     Axis y;
 };
 
-/// A scene of 0 x 0 is not scaled: one unit is one pixel.
+/// Not for a scene of 0 x 0.
 inline Axes Fit(const RECT& logical, const RECT& device)
 {
     const LONG logicalWidth = WrappingWidth(logical);
     const LONG logicalHeight = WrappingHeight(logical);
-    if (logicalWidth == 0 && logicalHeight == 0)
-        return {{logical.left, 0, 1.0f}, {logical.top, 0, 1.0f}};
-
     const LONG deviceWidth = WrappingWidth(device);
     const LONG deviceHeight = WrappingHeight(device);
     const float scale =
@@ -58,8 +55,12 @@ inline Axes Fit(const RECT& logical, const RECT& device)
             {logical.top, Offset(logicalHeight, deviceHeight, scale), scale}};
 }
 
-inline RECT ToDevice(const RECT& rect, const Axes& axes)
+/// A scene of 0 x 0 is not scaled: one unit is one pixel, even where single precision would round.
+inline RECT ToDevice(const RECT& rect, const RECT& logical, const RECT& device)
 {
+    if (WrappingWidth(logical) == 0 && WrappingHeight(logical) == 0)
+        return rect;
+    const Axes axes = Fit(logical, device);
     return {axes.x.ToDevice(rect.left), axes.y.ToDevice(rect.top), axes.x.ToDevice(rect.right),
             axes.y.ToDevice(rect.bottom)};
 }
