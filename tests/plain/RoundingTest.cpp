@@ -71,6 +71,32 @@ float FirstDifference(std::uint32_t first, std::uint32_t end, std::uint32_t step
 }
 } // namespace
 
+TEST(TruncateToSigned, CutsTheFractionOffTowardZero)
+{
+    EXPECT_EQ(TruncateToSigned(0.0f), 0);
+    EXPECT_EQ(TruncateToSigned(1.99f), 1);
+    EXPECT_EQ(TruncateToSigned(-0.99f), 0);
+    EXPECT_EQ(TruncateToSigned(-1.99f), -1);
+}
+
+TEST(TruncateToSigned, ReachesTheWholeSignedRange)
+{
+    EXPECT_EQ(TruncateToSigned(2147483520.0f), 2147483520);
+    EXPECT_EQ(TruncateToSigned(-2147483520.0f), -2147483520);
+    EXPECT_EQ(TruncateToSigned(-2147483648.0f), std::numeric_limits<INT>::min());
+}
+
+TEST(TruncateToSigned, IsTheSmallestNumberOutOfRange)
+{
+    constexpr INT kSmallest = std::numeric_limits<INT>::min();
+    EXPECT_EQ(TruncateToSigned(2147483648.0f), kSmallest);
+    EXPECT_EQ(TruncateToSigned(-2147483904.0f), kSmallest);
+    EXPECT_EQ(TruncateToSigned(1e30f), kSmallest);
+    EXPECT_EQ(TruncateToSigned(std::numeric_limits<float>::infinity()), kSmallest);
+    EXPECT_EQ(TruncateToSigned(-std::numeric_limits<float>::infinity()), kSmallest);
+    EXPECT_EQ(TruncateToSigned(std::numeric_limits<float>::quiet_NaN()), kSmallest);
+}
+
 TEST(RoundHalfAway, RoundsHalvesAwayFromZero)
 {
     EXPECT_EQ(RoundHalfAway(0.5f), 1);
