@@ -21,18 +21,6 @@ const Gdiplus::Color kWhiteColor(255, 255, 255, 255);
 constexpr std::uint32_t kGreen = 0xff00c040;
 constexpr std::uint32_t kHalfRed = 0x80ff0000;
 
-// A GDI+ bitmap of the test's own with the pixels of a picture.
-BitmapPtr BitmapOf(const ArgbImage& image, Gdiplus::PixelFormat format = PixelFormat32bppARGB)
-{
-    auto bitmap = std::make_unique<Gdiplus::Bitmap>(image.Width(), image.Height(), format);
-    for (int y = 0; y < image.Height(); ++y)
-    {
-        for (int x = 0; x < image.Width(); ++x)
-            bitmap->SetPixel(x, y, Gdiplus::Color(image.At(x, y)));
-    }
-    return bitmap;
-}
-
 BitmapPtr FlatBitmap(int width, int height, std::uint32_t color)
 {
     return BitmapOf(ArgbImage(width, height, color));

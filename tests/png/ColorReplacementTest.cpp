@@ -11,7 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <stdexcept>
@@ -22,7 +21,6 @@ namespace
 const Gdiplus::Color kRed(255, 255, 0, 0);
 
 using Flat::GdipBitmapLockBits;
-using Flat::GdipBitmapUnlockBits;
 
 class ReplaceColor : public testing::Test
 {
@@ -55,32 +53,6 @@ protected:
 
     const GdiPlusSession m_gdiPlus;
     CDpiAwarePng m_png;
-};
-
-// Hands the library pixels of the test instead of the picture's own.
-class FakePixels
-{
-public:
-    FakePixels(std::vector<std::uint32_t>& pixels, UINT width, UINT height, INT stride,
-               std::size_t firstPixel)
-        : m_lock(VxDpiModule(), "gdiplus.dll", "GdipBitmapLockBits",
-                 [&pixels, width, height, stride, firstPixel](Gdiplus::GpBitmap*, const Gdiplus::Rect*, UINT,
-                                                              Gdiplus::PixelFormat, Gdiplus::BitmapData* data)
-                 {
-                     data->Width = width;
-                     data->Height = height;
-                     data->Stride = stride;
-                     data->Scan0 = &pixels.at(firstPixel);
-                     return Gdiplus::Ok;
-                 }),
-          m_unlock(VxDpiModule(), "gdiplus.dll", "GdipBitmapUnlockBits",
-                   [](Gdiplus::GpBitmap*, Gdiplus::BitmapData*) { return Gdiplus::Ok; })
-    {
-    }
-
-private:
-    ImportSpy<decltype(GdipBitmapLockBits)> m_lock;
-    ImportSpy<decltype(GdipBitmapUnlockBits)> m_unlock;
 };
 
 // Transparent corners, a frame of one colour, inside another.

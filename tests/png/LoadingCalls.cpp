@@ -66,6 +66,40 @@ PixelCalls::PixelCalls(CallLog& log)
 {
 }
 
+std::unique_ptr<Gdiplus::Bitmap> BitmapOf(const ArgbImage& image, Gdiplus::PixelFormat format)
+{
+    auto bitmap = std::make_unique<Gdiplus::Bitmap>(image.Width(), image.Height(), format);
+    for (int y = 0; y < image.Height(); ++y)
+    {
+        for (int x = 0; x < image.Width(); ++x)
+            bitmap->SetPixel(x, y, Gdiplus::Color(image.At(x, y)));
+    }
+    return bitmap;
+}
+
+FakePixels::FakePixels(std::vector<std::uint32_t>& pixels, UINT width, UINT height, INT stride,
+                       std::size_t firstPixel)
+    : m_lock(VxDpiModule(), kGdiPlus, "GdipBitmapLockBits",
+             [this, &pixels, width, height, stride, firstPixel](Gdiplus::GpBitmap*, const Gdiplus::Rect*,
+                                                                UINT, Gdiplus::PixelFormat,
+                                                                Gdiplus::BitmapData* data)
+             {
+                 m_locked = pixels;
+                 data->Width = width;
+                 data->Height = height;
+                 data->Stride = stride;
+                 data->Scan0 = &m_locked.at(firstPixel);
+                 return Gdiplus::Ok;
+             }),
+      m_unlock(VxDpiModule(), kGdiPlus, "GdipBitmapUnlockBits",
+               [this, &pixels](Gdiplus::GpBitmap*, Gdiplus::BitmapData*)
+               {
+                   pixels = m_locked;
+                   return Gdiplus::Ok;
+               })
+{
+}
+
 LiveBitmaps::LiveBitmaps()
     : m_allocate(VxDpiModule(), kGdiPlus, "GdipAlloc",
                  [this](std::size_t size)

@@ -3,11 +3,15 @@
 #include <vxdpi/Png.h>
 
 #include "foundation/LibraryModule.h"
+#include "support/ArgbImage.h"
 #include "support/CallLog.h"
 #include "support/ImportSpy.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <set>
+#include <vector>
 
 // Calls with which the library reads, measures and converts pictures, written down in their order. A spy that
 // makes one of them fail has to start before the recorder, which then writes the failing call down as well.
@@ -76,6 +80,30 @@ private:
     ImportSpy<decltype(Gdiplus::DllExports::GdipBitmapLockBits)> m_lock;
     RecordCalls<decltype(Gdiplus::DllExports::GdipBitmapUnlockBits)> m_unlock;
     ImportSpy<decltype(Gdiplus::DllExports::GdipCreateHBITMAPFromBitmap)> m_toHandle;
+};
+
+// A GDI+ bitmap of the test's own with the pixels of a picture.
+std::unique_ptr<Gdiplus::Bitmap> BitmapOf(const ArgbImage& image,
+                                          Gdiplus::PixelFormat format = PixelFormat32bppARGB);
+
+// Hands the library pixels of the test instead of the picture's own, whichever bitmap it locks: a copy, which is
+// taken back when it is unlocked.
+class FakePixels
+{
+public:
+    // stride is in bytes; firstPixel is the place of the first row's first pixel.
+    FakePixels(std::vector<std::uint32_t>& pixels, UINT width, UINT height, INT stride,
+               std::size_t firstPixel);
+
+    FakePixels(const FakePixels&) = delete;
+    FakePixels& operator=(const FakePixels&) = delete;
+
+    int LockCount() const { return m_lock.CallCount(); }
+
+private:
+    std::vector<std::uint32_t> m_locked;
+    ImportSpy<decltype(Gdiplus::DllExports::GdipBitmapLockBits)> m_lock;
+    ImportSpy<decltype(Gdiplus::DllExports::GdipBitmapUnlockBits)> m_unlock;
 };
 
 // The GDI+ bitmaps that the library has made with new and not deleted since this object's start.
