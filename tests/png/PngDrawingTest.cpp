@@ -106,7 +106,11 @@ TEST_F(DrawPngInDC, ReportsTheScaledSizeBeforeTheDecodedPictureIsGone)
 
 TEST_F(DrawPngInDC, NeverChangesTheCompositingMode)
 {
-    EXPECT_THROW(FindImports(VxDpiModule(), nullptr, "GdipSetCompositingMode"), std::runtime_error);
+    Register(96, IDR_PNG_32);
+    const ImportSpy<decltype(Flat::GdipSetCompositingMode)> mode(VxDpiModule(), "gdiplus.dll",
+                                                                 "GdipSetCompositingMode");
+    EXPECT_EQ(Draw(144), TRUE);
+    EXPECT_EQ(mode.CallCount(), 0);
 }
 
 TEST_F(DrawPngInDC, MayBeAskedForNoSize)
