@@ -2,6 +2,13 @@
 
 #include <vxdpi/Png.h>
 
-/// Registers a picture's three variants.
-/// @param nId96,nId144,nId192  resource IDs of type "PNG" in the program.
-void AddVariants(CDpiAwarePng& picture, UINT nId96, UINT nId144, UINT nId192);
+#include <utility>
+
+/// Registers a picture's variants.
+/// @param variants  of dpi_images.h: the DPIs that they are drawn for and their resource IDs.
+template<size_t nCount>
+void AddVariants(CDpiAwarePng& picture, const std::pair<UINT, UINT> (&variants)[nCount])
+{
+    for (const auto& [nDpi, nResourceId] : variants)
+        picture.AddResourceForDpi(nDpi, nResourceId, {});
+}

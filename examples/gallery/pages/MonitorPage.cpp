@@ -3,8 +3,8 @@
 #include "../PageGrid.h"
 #include "../Pictures.h"
 #include "../ScreenMap.h"
-#include "../resource.h"
 
+#include <dpi_images.h>
 #include <vxdpi/Dpi.h>
 
 #include <iterator>
@@ -214,7 +214,7 @@ void DrawMap(const CCanvas& canvas, const CRect& column, const MonitorFacts& fac
 
 CMonitorPage::CMonitorPage(const CGalleryStyle& style) : CGalleryPage(style, kDesignSize)
 {
-    AddVariants(m_illustration, IDR_MONITORS_96, IDR_MONITORS_144, IDR_MONITORS_192);
+    AddVariants(m_illustration, dpi_images::kMonitors);
 }
 
 void CMonitorPage::OnMonitorsChanged()

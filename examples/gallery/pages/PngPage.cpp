@@ -2,7 +2,8 @@
 
 #include "../PageGrid.h"
 #include "../Pictures.h"
-#include "../resource.h"
+
+#include <dpi_images.h>
 
 #include <memory>
 
@@ -128,12 +129,12 @@ void DrawVariantGroup(const CCanvas& canvas, CDpiAwarePng& picture, const CRect&
 
 CPngPage::CPngPage(const CGalleryStyle& style) : CGalleryPage(style, kDesignSize)
 {
-    AddVariants(m_desktop, IDR_DESKTOP_96, IDR_DESKTOP_144, IDR_DESKTOP_192);
-    AddVariants(m_compass, IDR_COMPASS_96, IDR_COMPASS_144, IDR_COMPASS_192);
-    AddVariants(m_landscape, IDR_LANDSCAPE_96, IDR_LANDSCAPE_144, IDR_LANDSCAPE_192);
-    AddVariants(m_badge, IDR_BADGE_96, IDR_BADGE_144, IDR_BADGE_192);
-    AddVariants(m_bell, IDR_BELL_96, IDR_BELL_144, IDR_BELL_192);
-    AddVariants(m_gear, IDR_GEAR_96, IDR_GEAR_144, IDR_GEAR_192);
+    AddVariants(m_desktop, dpi_images::kDesktop);
+    AddVariants(m_compass, dpi_images::kCompass);
+    AddVariants(m_landscape, dpi_images::kLandscape);
+    AddVariants(m_badge, dpi_images::kBadge);
+    AddVariants(m_bell, dpi_images::kBell);
+    AddVariants(m_gear, dpi_images::kGear);
     m_desktop96Only.AddResourceForDpi(96, IDR_DESKTOP_96, {});
 }
 
