@@ -1,5 +1,6 @@
 #include "Pages.h"
 
+#include "pages/BitmapsPage.h"
 #include "pages/FontsPage.h"
 #include "pages/LayoutPage.h"
 #include "pages/MonitorPage.h"
@@ -18,11 +19,9 @@ std::unique_ptr<CGalleryPage> MakePage(const CGalleryStyle& style)
 const std::vector<PageEntry>& GalleryPages()
 {
     static const std::vector<PageEntry> pages = {
-        {L"Monitor", &MakePage<CMonitorPage>},
-        {L"Fonts", &MakePage<CFontsPage>},
-        {L"PNG images", &MakePage<CPngPage>},
-        {L"Layout", &MakePage<CLayoutPage>},
-        {L"Window placement", &MakePage<CPlacementPage>},
+        {L"Monitor", &MakePage<CMonitorPage>}, {L"Fonts", &MakePage<CFontsPage>},
+        {L"Bitmaps", &MakePage<CBitmapsPage>}, {L"PNG images", &MakePage<CPngPage>},
+        {L"Layout", &MakePage<CLayoutPage>},   {L"Window placement", &MakePage<CPlacementPage>},
     };
     return pages;
 }

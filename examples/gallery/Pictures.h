@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Canvas.h"
+
 #include <vxdpi/Png.h>
 
 #include <utility>
@@ -12,3 +14,15 @@ void AddVariants(CDpiAwarePng& picture, const std::pair<UINT, UINT> (&variants)[
     for (const auto& [nDpi, nResourceId] : variants)
         picture.AddResourceForDpi(nDpi, nResourceId, {});
 }
+
+/// @return in pixels; 0 x 0 when there is no bitmap.
+CSize SizeOfBitmap(HBITMAP hBitmap);
+
+/// Draws a bitmap pixel by pixel; nothing when there is none.
+/// @param corner  the left top one, in units.
+void DrawBitmap(const CCanvas& canvas, HBITMAP hBitmap, const CPoint& corner);
+
+/// Draws a part of a bitmap with each of its pixels as a square.
+/// @param part  pixels of the bitmap.
+/// @param target  pixels of the page.
+void DrawPixels(const CCanvas& canvas, HBITMAP hBitmap, const CRect& part, const CRect& target);

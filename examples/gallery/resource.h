@@ -4,6 +4,16 @@
 
 #define IDI_GALLERY 100
 
+#define IDB_MAP_96 111
+#define IDB_MAP_120 112
+#define IDB_MAP_144 113
+#define IDB_MAP_192 114
+
+#define IDB_BALLOON_96 121
+#define IDB_BALLOON_120 122
+#define IDB_BALLOON_144 123
+#define IDB_BALLOON_192 124
+
 #define IDD_LAYOUT 200
 #define IDC_TOP_LEFT 201
 #define IDC_TOP 202

@@ -1,6 +1,7 @@
 #include "PngPage.h"
 
 #include "../PageGrid.h"
+#include "../PictureSample.h"
 #include "../Pictures.h"
 
 #include <dpi_images.h>
@@ -12,7 +13,7 @@ namespace
 using BitmapPtr = std::unique_ptr<Gdiplus::Bitmap>;
 
 const CSize kDesignSize(600, 556);
-const CSize kPictureSize(64, 64);
+const CSize kPictureSize = sample::kPictureSize;
 const CSize kBellSize(40, 40);
 
 constexpr int kVariantsTop = 88;
@@ -21,13 +22,6 @@ constexpr int kThirdRowTop = 422;
 constexpr int kContentTop = 36; // below a section's top
 constexpr int kNameTop = 104;   // below a section's top
 constexpr int kCaptionHeight = 16;
-
-// The enlarged detail is taken from the picture at the finest DPI, where the difference is largest.
-constexpr UINT kDetailDpi = 192;
-constexpr int kDetailPictureSide = 128; // pixels of the whole picture at that DPI
-constexpr int kDetailSourceSide = 32;   // pixels that are enlarged
-const CPoint kDetailSource(40, 32);     // their corner in the picture
-constexpr int kDetailSide = 128;        // units that they are enlarged to
 
 // Names, below a section's pictures, the operation that made them.
 void DrawOperationName(const CCanvas& canvas, const CRect& section, LPCTSTR pszText)
@@ -39,7 +33,7 @@ void DrawOperationName(const CCanvas& canvas, const CRect& section, LPCTSTR pszT
 }
 
 // Draws a GDI+ picture, which needs no certain size, into a rectangle in pixels.
-void DrawBitmap(const CCanvas& canvas, const BitmapPtr& bitmap, const CRect& pixels)
+void DrawPicture(const CCanvas& canvas, const BitmapPtr& bitmap, const CRect& pixels)
 {
     if (bitmap == nullptr)
         return;
@@ -69,61 +63,24 @@ void DrawOperator(const CCanvas& canvas, const CPoint& corner, int width, LPCTST
     canvas.Text(area, pszOperator, TextRole::Figure, palette::kMuted, DT_CENTER | DT_SINGLELINE | DT_VCENTER);
 }
 
-// Draws a few pixels of the picture so large that each can be seen.
-void DrawDetail(const CCanvas& canvas, CDpiAwarePng& picture, const CPoint& corner)
-{
-    CDC& dc = canvas.Dc();
-    CDC memoryDc;
-    CBitmap whole;
-    memoryDc.CreateCompatibleDC(&dc);
-    whole.CreateCompatibleBitmap(&dc, kDetailPictureSide, kDetailPictureSide);
-    const CScopedSelection selection(memoryDc, whole.GetSafeHandle());
-    const CRect all(0, 0, kDetailPictureSide, kDetailPictureSide);
-    memoryDc.FillSolidRect(all, palette::kPaper);
-    picture.DrawPngInDC(memoryDc, kDetailDpi, all, nullptr, nullptr);
-
-    const CRect target = canvas.PictureRect(corner, CSize(kDetailSide, kDetailSide));
-    dc.SetStretchBltMode(COLORONCOLOR); // pixels become squares of one colour
-    dc.StretchBlt(target.left, target.top, target.Width(), target.Height(), &memoryDc, kDetailSource.x,
-                  kDetailSource.y, kDetailSourceSide, kDetailSourceSide, SRCCOPY);
-    canvas.Frame(CRect(corner, CSize(kDetailSide, kDetailSide)), palette::kAccent);
-}
-
-// Frames the part of the picture that DrawDetail enlarges.
-void MarkDetail(const CCanvas& canvas, const CPoint& corner)
-{
-    const auto toUnits = [](int pixels) { return pixels * kPictureSize.cx / kDetailPictureSide; };
-    const CPoint markCorner(corner.x + toUnits(kDetailSource.x), corner.y + toUnits(kDetailSource.y));
-    const int nSide = toUnits(kDetailSourceSide);
-    canvas.Frame(CRect(markCorner, CSize(nSide, nSide)), palette::kAccent);
-}
-
-// Draws a picture at the window's DPI, what it is below, and its enlarged detail beside.
+// Draws a picture at the window's DPI, and what it is.
 void DrawVariantGroup(const CCanvas& canvas, CDpiAwarePng& picture, const CRect& area, LPCTSTR pszTitle,
                       LPCTSTR pszExplanation)
 {
-    constexpr int kTitleOffset = 76;
-    constexpr int kExplanationOffset = 94;
-    constexpr int kExplanationHeight = 50;
-    constexpr int kTextWidth = 116;
-
-    const CPoint corner = area.TopLeft();
-    picture.DrawPngInDC(canvas.Dc(), canvas.Dpi(), canvas.PictureRect(corner, kPictureSize), nullptr,
+    picture.DrawPngInDC(canvas.Dc(), canvas.Dpi(), canvas.PictureRect(area.TopLeft(), kPictureSize), nullptr,
                         nullptr);
-    MarkDetail(canvas, corner);
 
-    const CRect title(CPoint(corner.x, corner.y + kTitleOffset), CSize(kTextWidth, kExplanationHeight));
-    canvas.Text(title, pszTitle, TextRole::Heading, palette::kInk, DT_LEFT | DT_SINGLELINE);
-    const CRect explanation(CPoint(corner.x, corner.y + kExplanationOffset),
-                            CSize(kTextWidth, kExplanationHeight));
-    canvas.Text(explanation, pszExplanation, TextRole::Caption, palette::kMuted, DT_LEFT | DT_WORDBREAK);
-
-    const CPoint detail(area.right - kDetailSide, area.top);
-    DrawDetail(canvas, picture, detail);
-    const CRect caption(detail.x, detail.y + kDetailSide + 4, area.right,
-                        detail.y + kDetailSide + 4 + kCaptionHeight);
-    canvas.Text(caption, L"enlarged, at 192 DPI", TextRole::Caption, palette::kMuted,
-                DT_LEFT | DT_SINGLELINE);
+    const CRect all(0, 0, sample::kDetailPictureSide, sample::kDetailPictureSide);
+    CBitmap finest;
+    finest.CreateCompatibleBitmap(&canvas.Dc(), all.Width(), all.Height());
+    CDC memoryDc;
+    memoryDc.CreateCompatibleDC(&canvas.Dc());
+    {
+        const CScopedSelection selection(memoryDc, finest.GetSafeHandle());
+        memoryDc.FillSolidRect(all, palette::kPaper);
+        picture.DrawPngInDC(memoryDc, sample::kDetailDpi, all, nullptr, nullptr);
+    }
+    sample::DrawDescription(canvas, area, finest, pszTitle, pszExplanation);
 }
 } // namespace
 
@@ -179,7 +136,7 @@ void CPngPage::DrawRecoloured(const CCanvas& canvas, const CRect& area)
     for (const Gdiplus::Color& color : colors)
     {
         const BitmapPtr bell(m_bell.ReplaceColor(canvas.Dpi(), color));
-        DrawBitmap(canvas, bell, canvas.PictureRect(corner, kBellSize));
+        DrawPicture(canvas, bell, canvas.PictureRect(corner, kBellSize));
         corner.x += kBellStep;
     }
     DrawOperationName(canvas, area, L"ReplaceColor");
@@ -198,12 +155,12 @@ void CPngPage::DrawCombined(const CCanvas& canvas, const CRect& area)
     const BitmapPtr badgeBitmap(m_badge.GetGdiplusBitmap(canvas.Dpi()));
     const BitmapPtr combinedBitmap(CDpiAwarePng::CombineBitmaps(badgeBitmap.get(), landscapeBitmap.get()));
 
-    DrawBitmap(canvas, landscapeBitmap, canvas.PictureRect(landscape, kPictureSize));
+    DrawPicture(canvas, landscapeBitmap, canvas.PictureRect(landscape, kPictureSize));
     DrawOperator(canvas, CPoint(landscape.x + kPictureSize.cx, landscape.y), kOperatorWidth, L"+");
     DrawChequers(canvas, badge);
-    DrawBitmap(canvas, badgeBitmap, canvas.PictureRect(badge, kPictureSize));
+    DrawPicture(canvas, badgeBitmap, canvas.PictureRect(badge, kPictureSize));
     DrawOperator(canvas, CPoint(badge.x + kPictureSize.cx, badge.y), kOperatorWidth, L"=");
-    DrawBitmap(canvas, combinedBitmap, canvas.PictureRect(combined, kPictureSize));
+    DrawPicture(canvas, combinedBitmap, canvas.PictureRect(combined, kPictureSize));
     DrawOperationName(canvas, area, L"CombineBitmaps");
 }
 
@@ -236,19 +193,11 @@ void CPngPage::DrawAsBitmap(const CCanvas& canvas, const CRect& area)
 
     canvas.Heading(area, L"As a bitmap");
     CPoint corner(area.left, area.top + kContentTop);
-    CDC memoryDc;
-    memoryDc.CreateCompatibleDC(&canvas.Dc());
     for (const COLORREF ground : grounds)
     {
         const Gdiplus::Color background(GetRValue(ground), GetGValue(ground), GetBValue(ground));
-        Gdiplus::Size size;
-        HBITMAP hBitmap = m_gear.ScalePngResource(canvas.Dpi(), &size, background);
-        if (hBitmap != nullptr)
-        {
-            const CScopedSelection selection(memoryDc, hBitmap);
-            const CRect target = canvas.PictureRect(corner, kPictureSize);
-            canvas.Dc().BitBlt(target.left, target.top, size.Width, size.Height, &memoryDc, 0, 0, SRCCOPY);
-        }
+        HBITMAP hBitmap = m_gear.ScalePngResource(canvas.Dpi(), nullptr, background);
+        DrawBitmap(canvas, hBitmap, corner);
         m_gear.SafeDeleteHBitmap(hBitmap);
         corner.x += kPictureSize.cx + kGap;
     }
@@ -259,11 +208,7 @@ void CPngPage::DrawBlended(const CCanvas& canvas, const CRect& area)
 {
     canvas.Heading(area, L"Alpha-blended");
     UpdateBlended(canvas);
-    CDC memoryDc;
-    memoryDc.CreateCompatibleDC(&canvas.Dc());
-    const CScopedSelection selection(memoryDc, m_blended.GetSafeHandle());
-    const CRect target = canvas.PictureRect(CPoint(area.left, area.top + kContentTop), kPictureSize);
-    canvas.Dc().BitBlt(target.left, target.top, target.Width(), target.Height(), &memoryDc, 0, 0, SRCCOPY);
+    DrawBitmap(canvas, m_blended, CPoint(area.left, area.top + kContentTop));
     DrawOperationName(canvas, area, L"DrawPngInMetaDC");
 }
 
