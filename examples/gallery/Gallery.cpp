@@ -68,6 +68,8 @@ BOOL CGalleryApp::InitInstance()
     if (DoWithoutWindow(commandLine))
         return FALSE;
 
+    // Icons are resampled by a COM component.
+    m_bComRuns = SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
     if (!StartupGdiPlusByVxDpi() || !OpenWindow(commandLine))
     {
         ReportError(L"the window can't be opened");
@@ -84,6 +86,8 @@ BOOL CGalleryApp::InitInstance()
 int CGalleryApp::ExitInstance()
 {
     ShutdownGdiPlusByVxDpi();
+    if (m_bComRuns)
+        ::CoUninitialize();
     CWinApp::ExitInstance();
     return m_nExitCode;
 }

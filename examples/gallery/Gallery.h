@@ -18,4 +18,5 @@ private:
     void TakePictures(const CommandLine& commandLine);
 
     int m_nExitCode = 0;
+    bool m_bComRuns = false;
 };

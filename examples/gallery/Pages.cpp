@@ -2,6 +2,7 @@
 
 #include "pages/BitmapsPage.h"
 #include "pages/FontsPage.h"
+#include "pages/IconsPage.h"
 #include "pages/LayoutPage.h"
 #include "pages/MonitorPage.h"
 #include "pages/PlacementPage.h"
@@ -19,9 +20,13 @@ std::unique_ptr<CGalleryPage> MakePage(const CGalleryStyle& style)
 const std::vector<PageEntry>& GalleryPages()
 {
     static const std::vector<PageEntry> pages = {
-        {L"Monitor", &MakePage<CMonitorPage>}, {L"Fonts", &MakePage<CFontsPage>},
-        {L"Bitmaps", &MakePage<CBitmapsPage>}, {L"PNG images", &MakePage<CPngPage>},
-        {L"Layout", &MakePage<CLayoutPage>},   {L"Window placement", &MakePage<CPlacementPage>},
+        {L"Monitor", &MakePage<CMonitorPage>},
+        {L"Fonts", &MakePage<CFontsPage>},
+        {L"Bitmaps", &MakePage<CBitmapsPage>},
+        {L"Icons", &MakePage<CIconsPage>},
+        {L"PNG images", &MakePage<CPngPage>},
+        {L"Layout", &MakePage<CLayoutPage>},
+        {L"Window placement", &MakePage<CPlacementPage>},
     };
     return pages;
 }

@@ -3,6 +3,8 @@
 // Identifiers of the resources and controls. Those of the PNG pictures stand in dpi_images.h, from 1000 on.
 
 #define IDI_GALLERY 100
+#define IDI_CALENDAR 101
+#define IDI_FOLDER 102
 
 #define IDB_MAP_96 111
 #define IDB_MAP_120 112
