@@ -61,8 +61,7 @@ const CGalleryStyle& CCanvas::Style() const
 
 CRect CCanvas::ToPixels(const CRect& units) const
 {
-    return CRect(m_style.ToPixels(units.left), m_style.ToPixels(units.top), m_style.ToPixels(units.right),
-                 m_style.ToPixels(units.bottom));
+    return m_style.ToPixels(units);
 }
 
 CRect CCanvas::PictureRect(const CPoint& topLeft, const CSize& size) const

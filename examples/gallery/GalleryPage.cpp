@@ -63,9 +63,16 @@ void CGalleryPage::Redraw()
     Invalidate(FALSE);
 }
 
-BOOL CGalleryPage::OnEraseBkgnd(CDC*)
+BOOL CGalleryPage::OnEraseBkgnd(CDC* pDC)
 {
-    return TRUE; // OnPaint covers every pixel
+    // OnPaint covers every pixel of the page; controls that lie flat on it ask for their ground.
+    if (::WindowFromDC(*pDC) != m_hWnd)
+    {
+        CRect area;
+        pDC->GetClipBox(&area);
+        pDC->FillSolidRect(&area, palette::kPaper);
+    }
+    return TRUE;
 }
 
 void CGalleryPage::OnPaint()

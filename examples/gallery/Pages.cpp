@@ -7,6 +7,7 @@
 #include "pages/MonitorPage.h"
 #include "pages/PlacementPage.h"
 #include "pages/PngPage.h"
+#include "pages/StripsPage.h"
 
 namespace
 {
@@ -20,13 +21,10 @@ std::unique_ptr<CGalleryPage> MakePage(const CGalleryStyle& style)
 const std::vector<PageEntry>& GalleryPages()
 {
     static const std::vector<PageEntry> pages = {
-        {L"Monitor", &MakePage<CMonitorPage>},
-        {L"Fonts", &MakePage<CFontsPage>},
-        {L"Bitmaps", &MakePage<CBitmapsPage>},
-        {L"Icons", &MakePage<CIconsPage>},
-        {L"PNG images", &MakePage<CPngPage>},
-        {L"Layout", &MakePage<CLayoutPage>},
-        {L"Window placement", &MakePage<CPlacementPage>},
+        {L"Monitor", &MakePage<CMonitorPage>}, {L"Fonts", &MakePage<CFontsPage>},
+        {L"Bitmaps", &MakePage<CBitmapsPage>}, {L"Icons", &MakePage<CIconsPage>},
+        {L"PNG images", &MakePage<CPngPage>},  {L"Strips", &MakePage<CStripsPage>},
+        {L"Layout", &MakePage<CLayoutPage>},   {L"Window placement", &MakePage<CPlacementPage>},
     };
     return pages;
 }

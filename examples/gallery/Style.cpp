@@ -68,6 +68,11 @@ CSize CGalleryStyle::ToPixels(const CSize& units) const
     return CSize(ToPixels(units.cx), ToPixels(units.cy));
 }
 
+CRect CGalleryStyle::ToPixels(const CRect& units) const
+{
+    return CRect(ToPixels(units.left), ToPixels(units.top), ToPixels(units.right), ToPixels(units.bottom));
+}
+
 CSize CGalleryStyle::ToUnits(const CSize& pixels) const
 {
     const int nDpi = static_cast<int>(m_nDpi);

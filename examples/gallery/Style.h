@@ -46,6 +46,7 @@ public:
     /// @return units as device pixels at the current DPI.
     int ToPixels(int units) const;
     CSize ToPixels(const CSize& units) const;
+    CRect ToPixels(const CRect& units) const;
 
     /// @return device pixels as units.
     CSize ToUnits(const CSize& pixels) const;

@@ -1,6 +1,6 @@
 #pragma once
 
-// Identifiers of the resources and controls. Those of the PNG pictures stand in dpi_images.h, from 1000 on.
+// Identifiers of the resources and controls. Those of the PNG pictures are from 1000 on.
 
 #define IDI_GALLERY 100
 #define IDI_CALENDAR 101
@@ -26,3 +26,6 @@
 #define IDC_BOTTOM_LEFT 207
 #define IDC_BOTTOM 208
 #define IDC_BOTTOM_RIGHT 209
+
+#define IDC_TOOLBAR 300
+#define IDC_TOOL_LIST 301

@@ -47,8 +47,7 @@ void CLayoutPage::PlaceChildren(const CSize& size, const CPoint& origin)
 {
     CRect inside = FrameArea(size);
     inside.DeflateRect(kFrameWidth, kFrameWidth);
-    CRect pixels(Style().ToPixels(inside.left), Style().ToPixels(inside.top), Style().ToPixels(inside.right),
-                 Style().ToPixels(inside.bottom));
+    CRect pixels = Style().ToPixels(inside);
     pixels.OffsetRect(origin);
     m_dialog.MoveWindow(&pixels);
 }
