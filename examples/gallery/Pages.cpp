@@ -1,6 +1,7 @@
 #include "Pages.h"
 
 #include "pages/BitmapsPage.h"
+#include "pages/DrawBoardPage.h"
 #include "pages/FontsPage.h"
 #include "pages/IconsPage.h"
 #include "pages/LayoutPage.h"
@@ -21,10 +22,15 @@ std::unique_ptr<CGalleryPage> MakePage(const CGalleryStyle& style)
 const std::vector<PageEntry>& GalleryPages()
 {
     static const std::vector<PageEntry> pages = {
-        {L"Monitor", &MakePage<CMonitorPage>}, {L"Fonts", &MakePage<CFontsPage>},
-        {L"Bitmaps", &MakePage<CBitmapsPage>}, {L"Icons", &MakePage<CIconsPage>},
-        {L"PNG images", &MakePage<CPngPage>},  {L"Strips", &MakePage<CStripsPage>},
-        {L"Layout", &MakePage<CLayoutPage>},   {L"Window placement", &MakePage<CPlacementPage>},
+        {L"Monitor", &MakePage<CMonitorPage>},
+        {L"Fonts", &MakePage<CFontsPage>},
+        {L"Bitmaps", &MakePage<CBitmapsPage>},
+        {L"Icons", &MakePage<CIconsPage>},
+        {L"PNG images", &MakePage<CPngPage>},
+        {L"Strips", &MakePage<CStripsPage>},
+        {L"Draw board", &MakePage<CDrawBoardPage>},
+        {L"Layout", &MakePage<CLayoutPage>},
+        {L"Window placement", &MakePage<CPlacementPage>},
     };
     return pages;
 }

@@ -29,3 +29,4 @@
 
 #define IDC_TOOLBAR 300
 #define IDC_TOOL_LIST 301
+#define IDC_SCENE 302

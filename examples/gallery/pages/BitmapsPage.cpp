@@ -5,8 +5,6 @@
 #include "../Pictures.h"
 #include "../resource.h"
 
-#include <vxdpi/Dpi.h>
-
 namespace
 {
 const CSize kDesignSize(600, 564);
@@ -191,12 +189,11 @@ void CBitmapsPage::DrawMapped(const CCanvas& canvas, const CRect& area)
 
 void CBitmapsPage::UpdateBalloons()
 {
-    const UINT nDpi = VxSafeGetDpiForWindow(m_hWnd);
     for (size_t i = 0; i < kBalloonCount; ++i)
     {
         // Before ScaleToDpi, which would load for a new DPI without a map.
         ColorMap map = MapShades(kDuotones[i]);
-        m_balloons[i].LoadDpiAwareBitmapWithColorMap(CMB_MASKED, map.data(), kShadeCount, nDpi);
+        m_balloons[i].LoadDpiAwareBitmapWithColorMap(CMB_MASKED, map.data(), kShadeCount, Style().Dpi());
         m_balloons[i].ScaleToDpi(this, nullptr);
     }
 }
