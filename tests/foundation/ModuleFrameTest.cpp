@@ -1,3 +1,4 @@
+#include "foundation/LibraryCopy.h"
 #include "foundation/LibraryModule.h"
 #include "support/CallLog.h"
 #include "support/ImportSpy.h"
@@ -38,55 +39,6 @@ std::string LibraryResource(WORD id, LPCWSTR type)
     const void* const bytes = ::LockResource(::LoadResource(library, found));
     return std::string(static_cast<const char*>(bytes), ::SizeofResource(library, found));
 }
-
-// A second library: a copy of the file, loaded under its own name, with its own data.
-class LibraryCopy
-{
-public:
-    LibraryCopy()
-    {
-        wchar_t original[MAX_PATH] = {};
-        wchar_t folder[MAX_PATH] = {};
-        ::GetModuleFileNameW(VxDpiModule(), original, MAX_PATH);
-        ::GetTempPathW(MAX_PATH, folder);
-        m_path = std::wstring(folder) + L"vxdpi_copy_" + std::to_wstring(::GetCurrentProcessId()) + L".dll";
-        if (::CopyFileW(original, m_path.c_str(), FALSE))
-            m_module = ::LoadLibraryW(m_path.c_str());
-        if (m_module == nullptr)
-            throw std::runtime_error("no second library");
-    }
-
-    ~LibraryCopy()
-    {
-        Unload();
-        ::DeleteFileW(m_path.c_str());
-    }
-
-    LibraryCopy(const LibraryCopy&) = delete;
-    LibraryCopy& operator=(const LibraryCopy&) = delete;
-
-    HMODULE Module() const { return m_module; }
-
-    void Unload()
-    {
-        if (m_module != nullptr)
-            ::FreeLibrary(m_module);
-        m_module = nullptr;
-    }
-
-    // The copy of an exported function of the library: it stands at the same place in its module.
-    template<typename Function>
-    Function* CopyOf(Function* function) const
-    {
-        const auto offset =
-            reinterpret_cast<const char*>(function) - reinterpret_cast<const char*>(VxDpiModule());
-        return reinterpret_cast<Function*>(reinterpret_cast<char*>(m_module) + offset);
-    }
-
-private:
-    std::wstring m_path;
-    HMODULE m_module = nullptr;
-};
 
 // Stays in place until the module is gone: restoring it then would write where nothing is.
 template<typename Signature>
