@@ -4,6 +4,7 @@
 
 #include <foundation/Guards.h>
 
+#include <algorithm>
 #include <string>
 
 namespace
@@ -49,6 +50,23 @@ struct IconBytes
     DWORD nSize = 0;
 };
 
+/// How much of a resource is there to read: a damaged file may tell of more than it has.
+DWORD MappedSize(const BYTE* pBytes, DWORD nTold)
+{
+    MEMORY_BASIC_INFORMATION pages = {};
+    ::VirtualQuery(pBytes, &pages, sizeof(pages));
+    const void* const pMapping = pages.AllocationBase;
+    DWORD nMapped = 0;
+    while (nMapped < nTold && pages.State == MEM_COMMIT && pages.AllocationBase == pMapping)
+    {
+        const BYTE* const pEnd = static_cast<const BYTE*>(pages.BaseAddress) + pages.RegionSize;
+        nMapped = static_cast<DWORD>((std::min)(ULONGLONG{nTold}, static_cast<ULONGLONG>(pEnd - pBytes)));
+        if (::VirtualQuery(pEnd, &pages, sizeof(pages)) == 0)
+            break;
+    }
+    return nMapped;
+}
+
 IconBytes LockIconResource(HMODULE hModule, LPCWSTR pszName, LPCWSTR pszType)
 {
     const HRSRC hInfo = ::FindResourceW(hModule, pszName, pszType);
@@ -56,7 +74,7 @@ IconBytes LockIconResource(HMODULE hModule, LPCWSTR pszName, LPCWSTR pszType)
     IconBytes bytes;
     bytes.pBytes = hResource ? static_cast<BYTE*>(::LockResource(hResource)) : nullptr;
     if (bytes.pBytes)
-        bytes.nSize = ::SizeofResource(hModule, hInfo);
+        bytes.nSize = MappedSize(bytes.pBytes, ::SizeofResource(hModule, hInfo));
     return bytes;
 }
 
