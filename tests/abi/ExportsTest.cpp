@@ -1,6 +1,7 @@
 #include <vxdpi/VxDpi.h>
 
 #include "abi/ExportList.h"
+#include "abi/ModuleExports.h"
 #include "foundation/LibraryModule.h"
 #include "support/GdiPlusSession.h"
 
@@ -17,31 +18,6 @@
 namespace
 {
 using NameList = std::vector<std::string>;
-
-template<typename T>
-const T* AtRva(HMODULE module, DWORD rva)
-{
-    return reinterpret_cast<const T*>(reinterpret_cast<const BYTE*>(module) + rva);
-}
-
-const IMAGE_EXPORT_DIRECTORY& ExportDirectory(HMODULE module)
-{
-    const auto* const header = AtRva<IMAGE_DOS_HEADER>(module, 0);
-    const auto* const ntHeaders = AtRva<IMAGE_NT_HEADERS>(module, static_cast<DWORD>(header->e_lfanew));
-    const IMAGE_DATA_DIRECTORY& entry = ntHeaders->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
-    return *AtRva<IMAGE_EXPORT_DIRECTORY>(module, entry.VirtualAddress);
-}
-
-NameList ExportedNames(HMODULE module)
-{
-    const IMAGE_EXPORT_DIRECTORY& directory = ExportDirectory(module);
-    const DWORD* const names = AtRva<DWORD>(module, directory.AddressOfNames);
-    NameList list;
-    for (DWORD i = 0; i < directory.NumberOfNames; ++i)
-        list.emplace_back(AtRva<char>(module, names[i]));
-    std::sort(list.begin(), list.end());
-    return list;
-}
 
 NameList ListedNames()
 {
@@ -91,12 +67,6 @@ static_assert(std::is_same_v<decltype(std::declval<CDpiAwarePng&>() = std::declv
 static_assert(
     std::is_same_v<decltype(std::declval<CDpiAwarePng&>() = std::declval<CDpiAwarePng&&>()), CDpiAwarePng&>);
 
-static_assert(std::is_same_v<decltype(&VxSafeGetDpiForWindow), unsigned int (*)(HWND)>);
-static_assert(std::is_same_v<decltype(&StartupGdiPlusByVxDpi), int (*)()>);
-static_assert(std::is_same_v<decltype(&ShutdownGdiPlusByVxDpi), void (*)()>);
-static_assert(std::is_same_v<decltype(&GetGdiPlusTokenFromVxDpi), int (*)(unsigned __int64&)>);
-static_assert(std::is_same_v<decltype(&SetGdiPlusTokenToVxDpi), int (*)(unsigned __int64)>);
-
 // After an intended change, `objdump -p vxdpi.dll` shows the new names; sort them bytewise.
 TEST(Exports, AreExactlyTheListedNames)
 {
@@ -127,23 +97,6 @@ TEST(ClassLayout, GdiPlusInitializerHasItsTokenBehindTheVirtualTable)
     const GdiPlusSession session;
     const CGdiPlusInitializer initializer;
     EXPECT_EQ(OffsetIn(&initializer, &initializer.m_token), 8u);
-}
-
-TEST(ClassLayout, GdiPlusInitializerHasNoVirtualFunctionButItsDestructor)
-{
-#if !defined(__MINGW32__)
-    GTEST_SKIP() << "the exported virtual table is found by its GCC name";
-#else
-    const auto* const table =
-        reinterpret_cast<void* const*>(::GetProcAddress(VxDpiModule(), "_ZTV19CGdiPlusInitializer"));
-    ASSERT_NE(table, nullptr);
-    // Two words of run-time type information come first. The destructor has two entries: without and with
-    // delete.
-    EXPECT_EQ(table[2],
-              reinterpret_cast<void*>(::GetProcAddress(VxDpiModule(), "_ZN19CGdiPlusInitializerD1Ev")));
-    EXPECT_EQ(table[3],
-              reinterpret_cast<void*>(::GetProcAddress(VxDpiModule(), "_ZN19CGdiPlusInitializerD0Ev")));
-#endif
 }
 
 TEST(ClassLayout, ResourceInfoHasDpiThenIdThenValuesBehindTheVirtualTable)
