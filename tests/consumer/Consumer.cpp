@@ -167,6 +167,20 @@ bool UsePng()
     return SizeOf(bitmap) == CSize(48, 48) && size.Height == 48 && bCut && icons.empty();
 }
 
+bool UseScrollFrame()
+{
+    CSettingsDialog dialog;
+    dialog.Create(IDD_SETTINGS);
+    dialog.ShowWindow(SW_SHOWNOACTIVATE);
+    CScrollManager scroller;
+    const bool bCreated =
+        scroller.Create(&dialog, CScrollManager::WindowScrollBars, nullptr, nullptr, FALSE) != FALSE;
+    scroller.UpdateScrollBars(40, 30);
+    const int nBefore = dialog.ButtonRect().left;
+    scroller.StartHScroll(SB_LINERIGHT, 0, nullptr);
+    return bCreated && dialog.ButtonRect().left == nBefore - 8;
+}
+
 struct Family
 {
     const char* pszName;
@@ -174,8 +188,9 @@ struct Family
 };
 
 constexpr Family kFamilies[] = {
-    {"Controls", UseControls}, {"DrawBoard", UseDrawBoard}, {"Dpi", UseDpi},       {"Fonts", UseFonts},
-    {"Geometry", UseGeometry}, {"Images", UseImages},       {"Layout", UseLayout}, {"Png", UsePng}};
+    {"Controls", UseControls},      {"DrawBoard", UseDrawBoard}, {"Dpi", UseDpi},       {"Fonts", UseFonts},
+    {"Geometry", UseGeometry},      {"Images", UseImages},       {"Layout", UseLayout}, {"Png", UsePng},
+    {"ScrollFrame", UseScrollFrame}};
 
 void PrintLine(const CStringA& line)
 {
