@@ -1,0 +1,411 @@
+#include "foundation/FrameworkWindow.h"
+#include "foundation/WindowDpiAnswer.h"
+#include "layout/LayoutFixtures.h"
+#include "support/CallLog.h"
+#include "support/HandleCount.h"
+#include "support/Input.h"
+
+#include <vxdpi/ScrollFrame.h>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace
+{
+constexpr int kTemplate = 4711;
+constexpr UINT kRunStep = WM_APP + 1;
+const CSize kButton(75, 23);
+
+constexpr int kFirstProxy = 10001;
+constexpr int kHScrollBar = 10011;
+constexpr int kVScrollBar = 10012;
+
+using ButtonList = std::vector<std::pair<CRealButton*, int>>;
+using Steps = std::function<void()>;
+
+// The main window of the program for a scope.
+class MainWindow : public FrameworkWindow
+{
+public:
+    MainWindow() { AfxGetApp()->m_pMainWnd = Object(); }
+    ~MainWindow() { AfxGetApp()->m_pMainWnd = nullptr; }
+};
+
+// A dialog of two buttons that makes its window without a resource, and runs the steps of the test from the
+// modal loop.
+class StepDialog : public CDialog
+{
+public:
+    StepDialog() = default;
+    ~StepDialog() override { DestroyWindow(); }
+
+    BOOL Create(UINT nIDTemplate, CWnd* pParentWnd) override
+    {
+        const struct
+        {
+            DLGTEMPLATE head;
+            WORD noMenuNoClassNoTitle[3];
+        } emptyTemplate = {{style, 0, 0, 0, 0, 100, 100}, {}};
+        nTemplate = nIDTemplate;
+        return createsWindow && CreateIndirect(&emptyTemplate.head, pParentWnd);
+    }
+
+    BOOL OnInitDialog() override
+    {
+        CDialog::OnInitDialog();
+        SetWindowText(L"Settings");
+        MoveWindow(place);
+        content.Create(nullptr, WS_CHILD | WS_VISIBLE, CRect(0, 0, 450, 380), this);
+        ok.Create(L"OK", WS_CHILD | WS_VISIBLE, CRect(CPoint(10, 400), kButton), this, IDOK);
+        cancel.Create(L"Cancel", WS_CHILD | WS_VISIBLE, CRect(CPoint(100, 400), kButton), this, IDCANCEL);
+        if (steps)
+            PostMessage(kRunStep);
+        return TRUE;
+    }
+
+    // Shows the dialog with both buttons and runs the steps in the modal loop.
+    INT_PTR Run(const ButtonList& buttons, Steps stepsInLoop)
+    {
+        steps = std::move(stepsInLoop);
+        return CreateScrollFrame(kTemplate, *this, buttons, 0);
+    }
+
+    ButtonList BothButtons() { return {{&ok, IDOK}, {&cancel, IDCANCEL}}; }
+
+    HWND View() const { return ::GetParent(m_hWnd); }
+    HWND Frame() const { return ::GetParent(View()); }
+    HWND Proxy(int index) const { return ::GetDlgItem(View(), kFirstProxy + index); }
+    void Close() const { ::SendMessageW(Frame(), WM_CLOSE, 0, 0); }
+
+    DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | DS_MODALFRAME;
+    CRect place = CRect(20, 20, 520, 520);
+    bool createsWindow = true;
+    UINT nTemplate = 0;
+    CStatic content;
+    CRealButton ok;
+    CRealButton cancel;
+    CallLog log;
+    Steps steps;
+
+protected:
+    void OnOK() override { log.Write("OK"); }
+    void OnCancel() override { log.Write("Cancel"); }
+
+    afx_msg LRESULT OnRunStep(WPARAM, LPARAM)
+    {
+        steps();
+        if (testing::Test::HasFatalFailure())
+            Close();
+        return 0;
+    }
+
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(StepDialog, CDialog)
+    ON_MESSAGE(kRunStep, &StepDialog::OnRunStep)
+END_MESSAGE_MAP()
+
+CSize ClientSizeOf(HWND hWnd)
+{
+    CRect client;
+    ::GetClientRect(hWnd, &client);
+    return client.Size();
+}
+
+EdgeList ScreenPlaceOf(HWND hWnd)
+{
+    CRect place;
+    ::GetWindowRect(hWnd, &place);
+    return Edges(place);
+}
+
+// A scroll bar does not return from the press before the release has arrived.
+void ClickAtOnce(POINT screen)
+{
+    MoveMouse(screen);
+    INPUT inputs[2] = {};
+    inputs[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
+    inputs[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
+    EXPECT_EQ(::SendInput(2, inputs, sizeof inputs[0]), 2u);
+    PumpMessages(100);
+}
+
+// The places of the parts of a view whose margins, bars and gaps are multiples of 5 pixels.
+void ExpectParts(const StepDialog& dialog, int five, int band)
+{
+    const HWND view = dialog.View();
+    const CSize client = ClientSizeOf(view);
+    const int right = client.cx - 4 * five;
+    const int bottom = client.cy - 4 * five - band;
+    EXPECT_EQ(PlaceIn(view, dialog.m_hWnd), Edges(2 * five, 2 * five, right, bottom));
+    EXPECT_EQ(PlaceIn(view, ::GetDlgItem(view, kHScrollBar)),
+              Edges(2 * five, bottom, right, bottom + 4 * five));
+    EXPECT_EQ(PlaceIn(view, ::GetDlgItem(view, kVScrollBar)),
+              Edges(right, 2 * five, right + 4 * five, bottom));
+}
+}
+
+TEST(ScrollFrameEdgeCases, TheFrameIsTheDialogsPartOfTheWorkArea)
+{
+    MainWindow mainWindow;
+    const ImportSpy<decltype(::GetMonitorInfoA)> monitor(VxDpiModule(), "user32.dll", "GetMonitorInfoA",
+                                                         [](HMONITOR, LPMONITORINFO info)
+                                                         {
+                                                             EXPECT_EQ(info->cbSize, 40u);
+                                                             info->rcWork = {0, 30, 1000, 730};
+                                                             return TRUE;
+                                                         });
+    StepDialog dialog;
+    dialog.place = CRect(40, 10, 540, 910);
+    EXPECT_EQ(dialog.Run({},
+                         [&]
+                         {
+                             EXPECT_EQ(ScreenPlaceOf(dialog.Frame()), Edges(40, 30, 540, 730));
+                             dialog.Close();
+                         }),
+              IDCANCEL);
+    EXPECT_EQ(dialog.nTemplate, static_cast<UINT>(kTemplate));
+}
+
+TEST(ScrollFrameEdgeCases, TheButtonsStandInABandFromTheRightToTheLeft)
+{
+    MainWindow mainWindow;
+    const WindowDpiAnswer dpi(96);
+    StepDialog dialog;
+    dialog.Run(dialog.BothButtons(),
+               [&]
+               {
+                   const CSize client = ClientSizeOf(dialog.View());
+                   EXPECT_EQ(PlaceIn(dialog.View(), dialog.Proxy(0)),
+                             Edges(client.cx - 80, client.cy - 28, client.cx - 5, client.cy - 5));
+                   EXPECT_EQ(PlaceIn(dialog.View(), dialog.Proxy(1)),
+                             Edges(client.cx - 160, client.cy - 28, client.cx - 85, client.cy - 5));
+                   ExpectParts(dialog, 5, 33);
+                   EXPECT_FALSE(dialog.ok.IsWindowVisible());
+                   EXPECT_TRUE(::IsWindowVisible(dialog.Proxy(0)));
+                   dialog.Close();
+               });
+}
+
+TEST(ScrollFrameEdgeCases, WithoutButtonsThereIsNoBand)
+{
+    MainWindow mainWindow;
+    const WindowDpiAnswer dpi(96);
+    StepDialog dialog;
+    dialog.Run({},
+               [&]
+               {
+                   ExpectParts(dialog, 5, 0);
+                   dialog.Close();
+               });
+}
+
+TEST(ScrollFrameEdgeCases, MarginsAndBarsFollowTheDpi)
+{
+    MainWindow mainWindow;
+    const WindowDpiAnswer dpi(192);
+    StepDialog dialog;
+    dialog.Run(dialog.BothButtons(),
+               [&]
+               {
+                   ExpectParts(dialog, 10, 43);
+                   dialog.Close();
+               });
+
+    const WindowDpiAnswer other(144);
+    StepDialog atOther;
+    atOther.Run({},
+                [&]
+                {
+                    const CSize client = ClientSizeOf(atOther.View());
+                    EXPECT_EQ(PlaceIn(atOther.View(), atOther.m_hWnd),
+                              Edges(15, 15, client.cx - 30, client.cy - 30));
+                    atOther.Close();
+                });
+}
+
+TEST(ScrollFrameEdgeCases, ClosingEndsTheLoopAndNotTheFrame)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    bool wasFrameAlive = false;
+    const INT_PTR result = dialog.Run(dialog.BothButtons(),
+                                      [&]
+                                      {
+                                          const HWND frame = dialog.Frame();
+                                          EXPECT_FALSE(::IsWindowEnabled(mainWindow.Handle()));
+                                          dialog.Close();
+                                          wasFrameAlive = ::IsWindow(frame) != FALSE;
+                                      });
+    EXPECT_EQ(result, IDCANCEL);
+    EXPECT_TRUE(wasFrameAlive);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+    EXPECT_TRUE(::IsWindowEnabled(mainWindow.Handle()));
+    EXPECT_EQ(dialog.log.Lines(), CallLog::LineList());
+}
+
+TEST(ScrollFrameEdgeCases, AClickOnAProxyIsHandledByTheDialogAndThenEndsTheLoopWithItsCode)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    const INT_PTR result =
+        dialog.Run({{&dialog.ok, 0}, {&dialog.cancel, -7}},
+                   [&]
+                   {
+                       ::SendMessageW(dialog.Proxy(0), BM_CLICK, 0, 0);
+                       EXPECT_EQ(dialog.log.Lines(), (CallLog::LineList{"OK"}));
+                       dialog.steps = [&] { ::SendMessageW(dialog.Proxy(1), BM_CLICK, 0, 0); };
+                       dialog.PostMessage(kRunStep); // handled: the loop goes on
+                   });
+    EXPECT_EQ(result, -7);
+    EXPECT_EQ(dialog.log.Lines(), (CallLog::LineList{"OK", "Cancel"}));
+}
+
+TEST(ScrollFrameEdgeCases, AProxyWithoutARealButtonEndsTheLoopAllTheSame)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    const INT_PTR result = dialog.Run({{&dialog.ok, IDOK}},
+                                      [&]
+                                      {
+                                          const HWND proxy = dialog.Proxy(0);
+                                          dialog.ok.DestroyWindow();
+                                          ::SendMessageW(proxy, BM_CLICK, 0, 0);
+                                      });
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(dialog.log.Lines(), CallLog::LineList());
+}
+
+TEST(ScrollFrameEdgeCases, RealClicksReachProxiesAndBars)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    const INT_PTR result =
+        dialog.Run({{&dialog.ok, 0}, {&dialog.cancel, 5}},
+                   [&]
+                   {
+                       ::SetWindowPos(dialog.Frame(), nullptr, 20, 20, 300, 300, SWP_NOZORDER);
+                       const LONG before = PlaceIn(dialog.m_hWnd, dialog.content.m_hWnd)[1];
+                       const HWND bar = ::GetDlgItem(dialog.View(), kVScrollBar);
+                       ASSERT_TRUE(::IsWindowVisible(bar));
+                       const CSize size = ClientSizeOf(bar);
+                       ClickAtOnce(OnScreen(bar, size.cx / 2, size.cy - 5));
+                       EXPECT_EQ(PlaceIn(dialog.m_hWnd, dialog.content.m_hWnd)[1], before - 8);
+                       ClickAtOnce(OnScreen(dialog.Proxy(1), 5, 5));
+                   });
+    EXPECT_EQ(result, 5);
+    EXPECT_EQ(dialog.log.Lines(), (CallLog::LineList{"Cancel"}));
+}
+
+TEST(ScrollFrameEdgeCases, DisablingARealButtonDisablesWhatIsSeen)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    dialog.Run(dialog.BothButtons(),
+               [&]
+               {
+                   EXPECT_FALSE(dialog.ok.EnableWindow(FALSE));
+                   EXPECT_TRUE(dialog.ok.IsWindowEnabled());
+                   EXPECT_FALSE(::IsWindowEnabled(dialog.Proxy(0)));
+                   EXPECT_TRUE(dialog.ok.EnableWindow(TRUE));
+                   EXPECT_TRUE(::IsWindowEnabled(dialog.Proxy(0)));
+                   dialog.Close();
+               });
+}
+
+TEST(ScrollFrameEdgeCases, AProxyLooksLikeItsButtonAndFollowsIt)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    CFont font;
+    font.CreatePointFont(140, L"Tahoma");
+    dialog.Run(dialog.BothButtons(),
+               [&]
+               {
+                   const CWnd* const pProxy = CWnd::FromHandlePermanent(dialog.Proxy(0));
+                   ASSERT_NE(pProxy, nullptr);
+                   CString text;
+                   pProxy->GetWindowText(text);
+                   EXPECT_EQ(text, L"OK");
+                   const CPoint start(PlaceIn(dialog.View(), pProxy->m_hWnd)[0], 0);
+                   dialog.ok.MoveWindow(0, 0, 90, 40);
+                   dialog.ok.SetFont(&font);
+                   ::SendMessageW(dialog.Proxy(0), WM_DPICHANGED_AFTERPARENT, 0, 0);
+                   EXPECT_EQ(ClientSizeOf(dialog.Proxy(0)), CSize(90, 40));
+                   EXPECT_EQ(PlaceIn(dialog.View(), pProxy->m_hWnd)[0], start.x);
+                   EXPECT_EQ(pProxy->GetFont(), &font);
+                   dialog.Close();
+               });
+}
+
+TEST(ScrollFrameEdgeCases, TheFrameHasTheDialogsCaptionAndIconsAndFollowsADpiChange)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    dialog.Run({},
+               [&]
+               {
+                   const CWnd* const pFrame = CWnd::FromHandlePermanent(dialog.Frame());
+                   CString caption;
+                   pFrame->GetWindowText(caption);
+                   EXPECT_EQ(caption, L"Settings");
+                   EXPECT_EQ(pFrame->GetStyle() & WS_OVERLAPPEDWINDOW,
+                             static_cast<DWORD>(WS_OVERLAPPEDWINDOW));
+                   const RECT suggested = {60, 70, 460, 370};
+                   ::SendMessageW(dialog.Frame(), WM_DPICHANGED, MAKEWPARAM(144, 144),
+                                  reinterpret_cast<LPARAM>(&suggested));
+                   EXPECT_EQ(ScreenPlaceOf(dialog.Frame()), Edges(suggested));
+                   ::SendMessageW(dialog.Frame(), WM_DPICHANGED, MAKEWPARAM(144, 144), 0);
+                   EXPECT_EQ(ScreenPlaceOf(dialog.Frame()), Edges(suggested));
+                   dialog.Close();
+               });
+}
+
+TEST(ScrollFrameEdgeCases, NothingIsShownWithoutADialogOrAMainWindow)
+{
+    StepDialog dialog;
+    dialog.createsWindow = false;
+    EXPECT_EQ(dialog.Run({}, nullptr), 0);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+
+    dialog.createsWindow = true;
+    EXPECT_EQ(dialog.Run({}, nullptr), 0);
+    EXPECT_TRUE(::IsWindow(dialog.m_hWnd));
+}
+
+TEST(ScrollFrameEdgeCases, ADialogWithoutExtendedStylesIsRefusedAndGoesWithTheView)
+{
+    MainWindow mainWindow;
+    mainWindow.Window().Show();
+    StepDialog dialog;
+    dialog.style = WS_CHILD;
+    EXPECT_EQ(dialog.Run(dialog.BothButtons(), nullptr), 0);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+}
+
+TEST(ScrollFrameEdgeCases, AButtonThatHasNoWindowUndoesAllProxies)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    CRealButton none;
+    EXPECT_EQ(dialog.Run({{&dialog.ok, IDOK}, {&none, 1}}, nullptr), 0);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+    EXPECT_NE(dialog.ok.SetProxyButton(nullptr), nullptr);
+    EXPECT_EQ(none.SetProxyButton(nullptr), nullptr);
+}
+
+TEST(ScrollFrameEdgeCases, NothingIsLeftBehind)
+{
+    MainWindow mainWindow;
+    EXPECT_NO_LEAK(
+        [&]
+        {
+            StepDialog dialog;
+            dialog.Run(dialog.BothButtons(), [&] { ::SendMessageW(dialog.Proxy(0), BM_CLICK, 0, 0); });
+            CWnd::DeleteTempMap();
+        });
+}
