@@ -39,7 +39,8 @@ constexpr UINT kLargestSetSize = 64;
 
 constexpr int kAskedSizes[] = {16, 28, 100};
 
-// @return how many pixels of the page, each way, a pixel of an icon takes: the icons' own pixels are looked at.
+// Icons are looked at pixel by pixel, which takes larger ones at high DPIs.
+// @return the side, in pixels of the page, of an icon's pixel.
 int PixelZoom(const CCanvas& canvas)
 {
     return (std::max)(1, static_cast<int>(canvas.Dpi() / kBaseDpi));
