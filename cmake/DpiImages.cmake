@@ -1,4 +1,5 @@
 include_guard(GLOBAL)
+cmake_minimum_required(VERSION 3.20)
 
 find_program(VXDPI_SVG_RENDERER rsvg-convert DOC "Renders changed drawings for vxdpi_add_dpi_images")
 

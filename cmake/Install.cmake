@@ -31,6 +31,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/generated/vxdpiConfigVers
 install(FILES
     ${PROJECT_BINARY_DIR}/generated/vxdpiConfig.cmake
     ${PROJECT_BINARY_DIR}/generated/vxdpiConfigVersion.cmake
+    cmake/DpiImages.cmake
     DESTINATION ${package_dir})
 
 set(CPACK_GENERATOR ZIP)

@@ -2,6 +2,10 @@
 
 #include <vxdpi/VxDpi.h>
 
+#include <dpi_images.h>
+
+#include <memory>
+
 // Uses something of each family as an application does, and tells for each whether it worked: a line
 // "ok <family>" or "failed <family>". The exit code is the number of those that failed.
 
@@ -150,6 +154,19 @@ bool UseLayout()
     return dialog.ButtonRect() == rcBefore + CPoint(60, 30);
 }
 
+// The drawing that the package's CMake function has made resources of.
+bool UseDpiImages()
+{
+    CDpiAwarePng picture;
+    for (const auto& [nDpi, nResourceId] : dpi_images::kRedDot)
+        picture.AddResourceForDpi(nDpi, nResourceId, {});
+    const std::unique_ptr<Gdiplus::Bitmap> at96(picture.GetGdiplusBitmap(96));
+    const std::unique_ptr<Gdiplus::Bitmap> at192(picture.GetGdiplusBitmap(192));
+    Gdiplus::Color middle;
+    return at96 != nullptr && at96->GetWidth() == 16 && at192 != nullptr && at192->GetWidth() == 32 &&
+           at192->GetPixel(16, 16, &middle) == Gdiplus::Ok && middle.GetValue() == Gdiplus::Color::Red;
+}
+
 bool UsePng()
 {
     CDpiAwarePng picture;
@@ -187,10 +204,16 @@ struct Family
     bool (*pfnUse)();
 };
 
-constexpr Family kFamilies[] = {
-    {"Controls", UseControls},      {"DrawBoard", UseDrawBoard}, {"Dpi", UseDpi},       {"Fonts", UseFonts},
-    {"Geometry", UseGeometry},      {"Images", UseImages},       {"Layout", UseLayout}, {"Png", UsePng},
-    {"ScrollFrame", UseScrollFrame}};
+constexpr Family kFamilies[] = {{"Controls", UseControls},
+                                {"DpiImages", UseDpiImages},
+                                {"DrawBoard", UseDrawBoard},
+                                {"Dpi", UseDpi},
+                                {"Fonts", UseFonts},
+                                {"Geometry", UseGeometry},
+                                {"Images", UseImages},
+                                {"Layout", UseLayout},
+                                {"Png", UsePng},
+                                {"ScrollFrame", UseScrollFrame}};
 
 void PrintLine(const CStringA& line)
 {
