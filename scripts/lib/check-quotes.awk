@@ -1,4 +1,5 @@
-# Checks that C++ code in documents is real: each block has to stand, line by line, in the file named above it as
+# Checks that code in documents is real: each block of C++, and each other one that says so, has to stand, line by
+# line, in the file named above it as
 #
 #   <!-- quoted from examples/gallery/MainFrame.cpp -->
 
@@ -16,10 +17,10 @@ function contents(file,    line, text) {
 }
 
 /^<!-- quoted from .* -->$/ { source = $4; next }
-/^```(cpp|c\+\+)$/ {
+!inBlock && /^```/ {
     inBlock = 1
     block = ""
-    if (source == "") complain("C++ code without the file that it is quoted from")
+    if (source == "" && /^```(cpp|c\+\+)$/) complain("C++ code without the file that it is quoted from")
     next
 }
 inBlock && /^```$/ {
