@@ -161,8 +161,9 @@ public:
     int DrawImage(HDC hdc, const CRect& rc, std::function<int()> compose);
 
     /// Composes the scene in the size of a picture control and shows it there.
-    /// @param ctrl  a static control with the style SS_BITMAP; it owns the bitmap that it shows from here on.
-    ///        The one that it showed before is deleted.
+    /// @param ctrl  a static control with the style SS_BITMAP. The bitmap that it showed before is deleted;
+    ///        the last one is the caller's to free at the control's end, by
+    ///        DeleteObject(ctrl.SetBitmap(nullptr)).
     /// @param compose  as above.
     /// @return TRUE when the control was given a bitmap. FALSE, with the control unchanged, when there is no
     ///         board of its size, compose returned 0, or there is no bitmap of the board.

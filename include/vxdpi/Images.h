@@ -6,8 +6,7 @@
 /// CDpiAwareBitmap and CDpiAwareIcon know several resources of one picture, each drawn for one DPI. They take
 /// the one that fits best and bring it to the exact size:
 ///
-///     m_icons.AddResourceForDpi(96, IDI_OPEN_96, {16, 32});   // with the sizes that the resource offers
-///     m_icons.AddResourceForDpi(192, IDI_OPEN_192, {32, 64});
+///     m_icons.AddResourceForDpi(96, IDI_OPEN, {16, 20, 24, 32}); // with the sizes that the resource offers
 ///     ...
 ///     const HICON hIcon = m_icons.CreateAwareIconSpecifyDpi(VxSafeGetDpiForWindow(m_hWnd));
 ///     m_openButton.SetIcon(hIcon);                            // DestroyIcon(hIcon) when it is replaced
