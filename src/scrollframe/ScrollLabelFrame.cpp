@@ -49,10 +49,7 @@ LRESULT CScrollLabelFrame::OnDpiChanged(WPARAM wParam, LPARAM lParam)
 }
 
 // A frame's own way is to delete the object.
-void CScrollLabelFrame::PostNcDestroy()
-{
-    CWnd::PostNcDestroy();
-}
+void CScrollLabelFrame::PostNcDestroy() {}
 
 bool IsInModalLoop(const CFrameWnd& frame)
 {

@@ -206,7 +206,4 @@ BOOL CScrollLabelView::OnEraseBkgnd(CDC* pDC)
 void CScrollLabelView::OnDraw(CDC*) {}
 
 // A view's own way is to delete the object.
-void CScrollLabelView::PostNcDestroy()
-{
-    CWnd::PostNcDestroy();
-}
+void CScrollLabelView::PostNcDestroy() {}

@@ -398,6 +398,48 @@ TEST(ScrollFrameEdgeCases, AButtonThatHasNoWindowUndoesAllProxies)
     EXPECT_EQ(none.SetProxyButton(nullptr), nullptr);
 }
 
+// The dialog's own three controls come first, then the frame, the view, the two bars and the two proxies.
+TEST(ScrollFrameEdgeCases, AWindowThatCannotBeMadeLeavesTheDialogOnlyWhenItIsNoChildYet)
+{
+    MainWindow mainWindow;
+    mainWindow.Window().Show();
+    for (int failing = 4; failing <= 9; ++failing)
+    {
+        const HandleCount before = HandleCount::Now();
+        {
+            StepDialog dialog;
+            const FailNthCall<decltype(::CreateWindowExW)> create(FrameworkModule(), "user32.dll",
+                                                                  "CreateWindowExW", failing, nullptr);
+            EXPECT_EQ(dialog.Run(dialog.BothButtons(), nullptr), 0) << failing;
+            EXPECT_EQ(create.CallCount(), failing);
+            EXPECT_EQ(dialog.m_hWnd != nullptr, failing <= 7) << failing;
+            EXPECT_TRUE(mainWindow.Object()->IsWindowEnabled());
+        }
+        EXPECT_TRUE(SameHandlesAs(before)) << failing;
+    }
+}
+
+TEST(ScrollFrameEdgeCases, AFrameInAFrameLeavesTheOuterOneAsItWas)
+{
+    MainWindow mainWindow;
+    StepDialog outer;
+    StepDialog inner;
+    const INT_PTR result = outer.Run(
+        {{&outer.ok, 11}},
+        [&]
+        {
+            EXPECT_EQ(inner.Run({{&inner.ok, 12}}, [&] { ::SendMessageW(inner.Proxy(0), BM_CLICK, 0, 0); }),
+                      12);
+            EXPECT_EQ(inner.m_hWnd, nullptr);
+            const HDC hdc = ::GetDC(outer.View());
+            EXPECT_TRUE(::SendMessageW(outer.View(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(hdc), 0));
+            ::ReleaseDC(outer.View(), hdc);
+            ::SendMessageW(outer.Proxy(0), BM_CLICK, 0, 0);
+        });
+    EXPECT_EQ(result, 11);
+    EXPECT_TRUE(::IsWindowEnabled(mainWindow.Handle()));
+}
+
 TEST(ScrollFrameEdgeCases, NothingIsLeftBehind)
 {
     MainWindow mainWindow;
