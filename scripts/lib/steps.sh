@@ -14,7 +14,7 @@ run_packages=(wine wine64 xvfb fonts-wine fonts-dejavu-core
     libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1)
 monitor_packages=(x11-utils x11-xserver-utils)
 lint_packages=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest
-    clang-format clang-tidy libxml2-utils shellcheck)
+    clang clang-format clang-tidy libxml2-utils shellcheck)
 
 say()
 {

@@ -12,6 +12,8 @@ public:
     CButtonProxy(CRealButton* pReal, int endCode);
     ~CButtonProxy() override;
 
+    using CButton::Create;
+
     /// Creates the window with the text, style, size and font of the real button, visible, and at the real
     /// button's screen position taken as one in the parent: the parent places it afterwards.
     /// @return FALSE when the parent or the real button has no window, or the system refuses.
