@@ -109,7 +109,8 @@ protected:
     /// Attaches the header of the list, where it has one.
     virtual void PreSubclassWindow();
 
-    /// Applies the recorded widths. The DPI is taken from the window, not from the message.
+    /// Applies the recorded widths.
+    /// @param wParam,lParam  not used: the DPI is taken from the window.
     /// @return 0.
     afx_msg LRESULT OnDPIChangedAfterParent(WPARAM wParam, LPARAM lParam);
 
@@ -128,7 +129,7 @@ protected:
 #pragma warning(suppress : 4251) // the record's type is part of the interface
 #endif
     std::map<int, int> m_columnWidths96; ///< width at 96 DPI by column index
-    CDpiAwareHeaderCtrl m_header;
+    CDpiAwareHeaderCtrl m_header;        ///< attached to the header of the list
 };
 
 /// A CDPIAwareListCtrl that leaves press-and-hold, the right click of a pen or finger, enabled.

@@ -65,7 +65,13 @@ class VXDPI_API CGdiPlusInitializer
 public:
     /// Starts GDI+; m_token tells whether that succeeded.
     CGdiPlusInitializer();
+    /// Takes the token of another start over, and starts nothing.
+    /// @param other  stays as it is; both objects will shut its start down.
     CGdiPlusInitializer(const CGdiPlusInitializer& other);
+
+    /// Takes the token of another start over, and starts nothing.
+    /// @param other  stays as it is; both objects will shut its start down.
+    /// @return this object.
     CGdiPlusInitializer& operator=(const CGdiPlusInitializer& other);
 
     /// Shuts GDI+ down, unless its start failed.

@@ -43,7 +43,13 @@ public:
     /// @param resId  integer resource ID in the framework's current resource module.
     /// @param type  name of the resource type, such as "PNG".
     CImageResource(const UINT& dpi, const UINT& resId, const CString& type);
+    /// Copies the fields as they stand.
+    /// @param other  stays as it is; a loaded image is shared (see the class).
     CImageResource(const CImageResource& other);
+
+    /// Copies the fields as they stand.
+    /// @param other  stays as it is; a loaded image is shared (see the class).
+    /// @return this object.
     CImageResource& operator=(const CImageResource& other);
 
     /// Deletes the image.
@@ -116,7 +122,13 @@ class VXDPI_API CDrawBoard
 public:
     /// Makes a board without images, for 96 DPI and scenes that are not scaled.
     CDrawBoard();
+    /// Copies the fields as they stand.
+    /// @param other  stays as it is; a board that exists is shared (see the class).
     CDrawBoard(const CDrawBoard& other);
+
+    /// Copies the fields as they stand.
+    /// @param other  stays as it is; a board that exists is shared (see the class).
+    /// @return this object.
     CDrawBoard& operator=(const CDrawBoard& other);
     virtual ~CDrawBoard();
 

@@ -6,5 +6,7 @@
 #if defined(VXDPI_BUILDING)
 #define VXDPI_API __declspec(dllexport)
 #else
+/// Stands before everything that the library exports: imports it into an application, and exports it while
+/// the library itself is built.
 #define VXDPI_API __declspec(dllimport)
 #endif

@@ -30,6 +30,10 @@
 struct ResourceInfo
 {
     ResourceInfo() = default;
+    /// Makes an entry.
+    /// @param nDrawnForDpi  dots per inch that the resource is drawn for.
+    /// @param nId  the owner's resource ID.
+    /// @param ownerValues  the owner's numbers; copied.
     ResourceInfo(UINT nDrawnForDpi, UINT nId, const std::vector<UINT>& ownerValues)
         : nDpi(nDrawnForDpi), nResourceId(nId), values(ownerValues)
     {
@@ -56,6 +60,8 @@ public:
     /// Copies the fields as they stand: both objects then share the other's lock and list, and what this one
     /// had stays allocated. Both destructors would free the shared ones, so let at most one of the two be
     /// destroyed.
+    /// @param other  stays as it is.
+    /// @return this object.
     CDpiAwareRes& operator=(const CDpiAwareRes& other);
 
     /// Deletes every entry.
@@ -160,6 +166,9 @@ public:
 
 protected:
     /// Loads the resource that fits a DPI best, as LoadDpiAwareBitmapWithColorMap does.
+    /// @param nFlags,pColorMap,nMapSize  the colours to map, as there.
+    /// @param nDpi  dots per inch.
+    /// @return as there.
     BOOL LoadDpiAwareBitmapInternal(UINT nFlags, COLORMAP* pColorMap, int nMapSize, UINT nDpi);
 
     /// Takes over a bitmap as the one to scale, and shows a copy of it unscaled.
@@ -236,6 +245,8 @@ public:
     /// Copies the fields as they stand: both objects then share the other's lists, and what this one had
     /// stays allocated. Both destructors would free the shared ones, so let at most one of the two be
     /// destroyed.
+    /// @param other  stays as it is.
+    /// @return this object.
     CDpiAwareIcon& operator=(const CDpiAwareIcon& other);
     ~CDpiAwareIcon();
 

@@ -60,7 +60,13 @@ public:
     ///        then.
     /// When memory is short the manager refuses every control.
     CDpiLayoutManager(CWnd* pParent);
+    /// Copies the fields as they stand.
+    /// @param other  stays as it is; the list of records is shared (see the class).
     CDpiLayoutManager(const CDpiLayoutManager& other);
+
+    /// Copies the fields as they stand.
+    /// @param other  stays as it is; the list of records is shared (see the class).
+    /// @return this object.
     CDpiLayoutManager& operator=(const CDpiLayoutManager& other);
     virtual ~CDpiLayoutManager();
 
@@ -153,6 +159,8 @@ protected:
     int ScaleX(int v) const;
 
     /// The same as ScaleX: both axes have one scale.
+    /// @param v  a length at 96 DPI.
+    /// @return the length in device pixels.
     int ScaleY(int v) const;
 
 public:

@@ -48,9 +48,13 @@ public:
 
     /// Copies the registry as CDpiAwareRes does: the two objects then share its lock and its list, so let at
     /// most one of the two be destroyed.
+    /// @param other  stays as it is.
+    /// @return this object.
     CDpiAwarePng& operator=(const CDpiAwarePng& other);
 
     /// Does the same; the other object stays as it is.
+    /// @param other  stays as it is.
+    /// @return this object.
     CDpiAwarePng& operator=(CDpiAwarePng&& other);
     ~CDpiAwarePng();
 
@@ -194,9 +198,13 @@ public:
 
     /// Copies the registry as CDpiAwareRes does: the two objects then share its lock and its list, so let at
     /// most one of the two be destroyed.
+    /// @param other  stays as it is.
+    /// @return this object.
     CDpiAwarePngSplit& operator=(const CDpiAwarePngSplit& other);
 
     /// Does the same; the other object stays as it is.
+    /// @param other  stays as it is.
+    /// @return this object.
     CDpiAwarePngSplit& operator=(CDpiAwarePngSplit&& other);
     ~CDpiAwarePngSplit();
 

@@ -41,7 +41,13 @@ public:
 
     /// Makes a manager without a window.
     CScrollManager();
+    /// Copies the fields as they stand.
+    /// @param other  stays as it is.
     CScrollManager(const CScrollManager& other) = default;
+
+    /// Copies the fields as they stand.
+    /// @param other  stays as it is.
+    /// @return this object.
     CScrollManager& operator=(const CScrollManager& other);
 
     /// Names the windows; sizes and positions come with UpdateScrollBars.
@@ -109,9 +115,22 @@ public:
     /// @param pParent  the window whose children are laid out; not owned. Null: SetParent names it later.
     /// When memory is short the manager refuses every control.
     CScrollLayoutManager(CWnd* pParent = nullptr);
+    /// Copies the fields as they stand.
+    /// @param other  stays as it is; the list of records is shared (see the class).
     CScrollLayoutManager(const CScrollLayoutManager& other);
+
+    /// Does the same.
+    /// @param other  stays as it is.
     CScrollLayoutManager(CScrollLayoutManager&& other);
+
+    /// Copies the fields as they stand.
+    /// @param other  stays as it is; the list of records is shared (see the class).
+    /// @return this object.
     CScrollLayoutManager& operator=(const CScrollLayoutManager& other);
+
+    /// Does the same.
+    /// @param other  stays as it is.
+    /// @return this object.
     CScrollLayoutManager& operator=(CScrollLayoutManager&& other);
     virtual ~CScrollLayoutManager();
 
