@@ -1,4 +1,5 @@
-# Installs the library, moves the package, builds the application of this folder from it and runs it:
+# Installs the library, moves the package, builds the application of this folder from it and runs it. The application of
+# the guide for beginners is built, too:
 #
 #   cmake -D BUILD_DIR=... -D CONFIG=... [-D REPORT=...] -P TestPackage.cmake
 #
@@ -108,19 +109,20 @@ macro(add_other_configuration)
     endif()
 endmacro()
 
+# How the library's own build was configured, and where the package is.
+set(settings -G ${build_CMAKE_GENERATOR} -D CMAKE_PREFIX_PATH=${package_dir})
+if(build_CMAKE_GENERATOR_PLATFORM)
+    list(APPEND settings -A ${build_CMAKE_GENERATOR_PLATFORM})
+endif()
+if(build_CMAKE_TOOLCHAIN_FILE)
+    list(APPEND settings -D CMAKE_TOOLCHAIN_FILE=${build_CMAKE_TOOLCHAIN_FILE})
+endif()
+
 macro(configure_consumer)
-    set(settings "")
-    if(build_CMAKE_GENERATOR_PLATFORM)
-        list(APPEND settings -A ${build_CMAKE_GENERATOR_PLATFORM})
-    endif()
-    if(build_CMAKE_TOOLCHAIN_FILE)
-        list(APPEND settings -D CMAKE_TOOLCHAIN_FILE=${build_CMAKE_TOOLCHAIN_FILE})
-    endif()
     file(WRITE ${work_dir}/Probe.cmake
         [[file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/library-$<CONFIG>.txt CONTENT $<TARGET_FILE:vxdpi::vxdpi>)]])
     report_needed(IsFoundWhereItWasMovedTo ${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${consumer_dir}
-        -G ${build_CMAKE_GENERATOR} ${settings}
-        -D CMAKE_PREFIX_PATH=${package_dir} -D CMAKE_PROJECT_consumer_INCLUDE=${work_dir}/Probe.cmake)
+        ${settings} -D CMAKE_PROJECT_consumer_INCLUDE=${work_dir}/Probe.cmake)
 endmacro()
 
 macro(check_library_of config file)
@@ -214,4 +216,7 @@ check_library_of(Release vxdpi.dll)
 check_library_of(RelWithDebInfo vxdpi.dll)
 report_needed(ProgramIsBuilt ${CMAKE_COMMAND} --build ${consumer_dir} --config ${CONFIG})
 run_consumer()
+report_needed(FirstApplicationIsConfigured ${CMAKE_COMMAND} -S ${root}/examples/getting-started -B ${work_dir}/first
+    ${settings})
+report_needed(FirstApplicationIsBuilt ${CMAKE_COMMAND} --build ${work_dir}/first --config ${CONFIG})
 finish()
