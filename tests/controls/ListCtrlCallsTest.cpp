@@ -173,13 +173,15 @@ private:
     ImportSpy<decltype(::CallWindowProcW)> m_procedure;
 };
 
+#if defined(__MINGW32__)
 std::vector<UINT> MessagesOf(const AFX_MSGMAP& map)
 {
     std::vector<UINT> messages;
-    for (const AFX_MSGMAP_ENTRY* pEntry = map.lpEntries; pEntry->nSig != 0; ++pEntry)
+    for (const AFX_MSGMAP_ENTRY* pEntry = map.pEntries; pEntry->pfnInvoke; ++pEntry)
         messages.push_back(pEntry->nMessage);
     return messages;
 }
+#endif
 }
 
 TEST_F(ListColumns, AGivenWidthIsRecordedAndThenAllAreApplied)
@@ -333,9 +335,13 @@ TEST_F(ListColumns, TheHeadingIsMeasuredInTheFontOfTheListAndTheContextLeftAsItW
 
 TEST_F(ListColumns, TheMapsHaveTheseEntriesAndNoOthers)
 {
+#if defined(__MINGW32__)
     EXPECT_EQ(MessagesOf(*OpenList::GetThisMessageMap()),
               (std::vector<UINT>{0x02E3, 0x0201, 0x0200, 0x0202, 0x0020}));
     EXPECT_EQ(MessagesOf(*OpenHeader::GetThisMessageMap()), (std::vector<UINT>{0x0201, 0x0200}));
+#else
+    GTEST_SKIP() << "the tables of another framework than the subset are its own affair";
+#endif
 }
 
 TEST_F(ListColumns, TheHeaderKnowsItsListAndForgetsItLast)
