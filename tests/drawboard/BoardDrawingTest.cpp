@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstring>
 #include <functional>
 #include <new>
@@ -394,7 +395,7 @@ TEST_F(BoardDrawing, TheContextStaysTheCallers)
 TEST_F(BoardDrawing, WithoutAnAreaThereIsNoBoard)
 {
     for (const CRect& rc : {CRect(10, 20, 10, 60), CRect(10, 20, 90, 20), CRect(90, 20, 10, 60),
-                            CRect(10, 60, 90, 20), CRect(0, 0, 0, 0)})
+                            CRect(10, 60, 90, 20), CRect(0, 0, 0, 0), CRect(INT_MIN, 0, INT_MAX, 5)})
     {
         EXPECT_EQ(m_board.DrawImage(m_target.Dc(), rc,
                                     []
@@ -467,6 +468,31 @@ TEST_F(BoardDrawing, TheBoardsSizeIsKeptEvenWhenItCannotBeMade)
     const FailGdipAlloc fail;
     Draw(CRect(10, 10, 17, 19));
     EXPECT_EQ(FieldsOf(m_board).mapping.rcDevice, CRect(0, 0, 7, 9));
+}
+
+TEST_F(BoardDrawing, TheBoardsSizeChangesBetweenTheLastBoardAndTheNext)
+{
+    Draw(CRect(0, 0, 50, 60));
+    const CRect& size = FieldsOf(m_board).mapping.rcDevice;
+    const ImportSpy<decltype(Flat::GdipDeleteGraphics)> deleteGraphics(
+        VxDpiModule(), "gdiplus.dll", "GdipDeleteGraphics",
+        [&, isFirst = true](Gdiplus::GpGraphics* graphics) mutable
+        {
+            EXPECT_EQ(size, isFirst ? CRect(0, 0, 50, 60) : CRect(0, 0, 7, 9));
+            isFirst = false;
+            return deleteGraphics.Original()(graphics);
+        });
+    const ImportSpy<decltype(Flat::GdipCreateBitmapFromScan0)> makeBoard(
+        VxDpiModule(), "gdiplus.dll", "GdipCreateBitmapFromScan0",
+        [&](INT width, INT height, INT stride, Gdiplus::PixelFormat format, BYTE* bits,
+            Gdiplus::GpBitmap** bitmap)
+        {
+            EXPECT_EQ(size, CRect(0, 0, 7, 9));
+            return makeBoard.Original()(width, height, stride, format, bits, bitmap);
+        });
+    EXPECT_EQ(Draw(CRect(10, 10, 17, 19)), TRUE);
+    EXPECT_EQ(deleteGraphics.CallCount(), 2); // the last board's, and the target's
+    EXPECT_EQ(makeBoard.CallCount(), 1);
 }
 
 TEST_F(BoardDrawing, TheBoardIsUsableAfterAFailure)
