@@ -86,8 +86,8 @@ private:
 std::unique_ptr<Gdiplus::Bitmap> BitmapOf(const ArgbImage& image,
                                           Gdiplus::PixelFormat format = PixelFormat32bppARGB);
 
-// Hands the library pixels of the test instead of the picture's own, whichever bitmap it locks: a copy, which is
-// taken back when it is unlocked.
+// Hands the library pixels of the test instead of the picture's own, whichever bitmap it locks. The library
+// works on a copy, which is taken back when it is unlocked.
 class FakePixels
 {
 public:
