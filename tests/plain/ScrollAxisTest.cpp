@@ -139,6 +139,29 @@ void ExpectInvariants(const Numbers& numbers)
     EXPECT_LE(numbers.position, numbers.content - numbers.page);
 }
 
+// An update, at the same DPI or at another one, or a command.
+void TakeRandomStep(std::mt19937& random, Numbers& numbers, Model& model)
+{
+    const int event = std::uniform_int_distribution<int>(0, 9)(random);
+    if (event < 3)
+    {
+        const int content = std::uniform_int_distribution<int>(20, 3000)(random);
+        const int visible = std::uniform_int_distribution<int>(0, 3000)(random);
+        numbers.Update(content, visible, event == 0);
+        model.Update(content, visible, event == 0);
+        return;
+    }
+    if (!model.HasBar())
+        return;
+    const ScrollCommand command =
+        kCommands.at(std::uniform_int_distribution<std::size_t>(0, kCommands.size() - 1)(random));
+    const int thumb = std::uniform_int_distribution<int>(-100, 3100)(random);
+    const int before = numbers.position;
+    const int gone = numbers.Shift(numbers.WayOf(command, thumb));
+    EXPECT_EQ(gone, numbers.position - before);
+    model.Go(command, thumb);
+}
+
 Numbers HalfWay()
 {
     Numbers numbers;
@@ -233,34 +256,13 @@ TEST(ScrollAxis, ANegativePositionBecomesTheStart)
 TEST(ScrollAxis, RandomSequencesAgreeWithTheModel)
 {
     std::mt19937 random(81);
-    std::uniform_int_distribution<int> anyContent(20, 3000);
-    std::uniform_int_distribution<int> anyVisible(0, 3000);
-    std::uniform_int_distribution<int> anyThumb(-100, 3100);
-    std::uniform_int_distribution<std::size_t> anyCommand(0, kCommands.size() - 1);
-    std::uniform_int_distribution<int> anyEvent(0, 9);
     for (int sequence = 0; sequence < 300; ++sequence)
     {
         Numbers numbers;
         Model model;
         for (int step = 0; step < 200; ++step)
         {
-            const int event = anyEvent(random);
-            if (event < 3)
-            {
-                const int content = anyContent(random);
-                const int visible = anyVisible(random);
-                numbers.Update(content, visible, event == 0);
-                model.Update(content, visible, event == 0);
-            }
-            else if (model.HasBar())
-            {
-                const ScrollCommand command = kCommands.at(anyCommand(random));
-                const int thumb = anyThumb(random);
-                const int before = numbers.position;
-                const int gone = numbers.Shift(numbers.WayOf(command, thumb));
-                EXPECT_EQ(gone, numbers.position - before);
-                model.Go(command, thumb);
-            }
+            TakeRandomStep(random, numbers, model);
             ASSERT_EQ(numbers, model.Expected()) << "sequence " << sequence << ", step " << step;
             ExpectInvariants(numbers);
         }
