@@ -22,6 +22,12 @@
 
 #include <map>
 
+#if defined(_MSC_VER)
+#pragma warning(push)
+// Bases and fields of types that are not exported: those of the framework, and of the standard library.
+#pragma warning(disable : 4251 4275)
+#endif
+
 class CButtonProxy; // inside the library
 
 /// The header of a CDPIAwareListCtrl: tells the list what the user makes of a column while dragging its
@@ -125,9 +131,6 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 protected:
-#if defined(_MSC_VER)
-#pragma warning(suppress : 4251) // the record's type is part of the interface
-#endif
     std::map<int, int> m_columnWidths96; ///< width at 96 DPI by column index
     CDpiAwareHeaderCtrl m_header;        ///< attached to the header of the list
 };
@@ -170,3 +173,7 @@ public:
 private:
     CButtonProxy* m_pProxy; // not owned; null for none
 };
+
+#if defined(_MSC_VER)
+#pragma warning(pop)
+#endif

@@ -28,13 +28,15 @@
 
 #if defined(_MSC_VER)
 #pragma warning(push)
-// Fields of types that are not exported: applications neither reach them nor build them by themselves.
-#pragma warning(disable : 4251)
+// Bases and fields of types that are not exported: those of the framework, and of the standard library.
+#pragma warning(disable : 4251 4275)
 #endif
 
 /// One image resource, drawn for one DPI, which is loaded when it is first asked for and then kept.
 ///
-/// Copies share a loaded image and each would delete it, so copy only while none is loaded.
+/// The resource's bytes are freed as soon as the image object is made: use types of images that are decoded
+/// at once, as PNG is. Copies share a loaded image and each would delete it, so copy only while none is
+/// loaded.
 class VXDPI_API CImageResource
 {
 public:
@@ -165,11 +167,11 @@ public:
 
     /// Composes the scene and draws it into a device context.
     /// @param hdc  stays the caller's.
-    /// @param rc  where to draw, in device pixels.
+    /// @param rc  where to draw: the top left corner in the target's logical units, the size in pixels.
     /// @param compose  calls DrawImageToBoard for each image; returns 0 to draw nothing. An empty one throws
     ///        std::bad_function_call.
     /// @return TRUE when GDI+ reports that it drew. FALSE, with nothing drawn, when there is no board of that
-    ///         size or compose returned 0.
+    ///         size or compose returned 0; FALSE also when GDI+ refuses to draw.
     int DrawImage(HDC hdc, const CRect& rc, std::function<int()> compose);
 
     /// Composes the scene in the size of a picture control and shows it there.

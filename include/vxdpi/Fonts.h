@@ -22,6 +22,12 @@
 
 #include <vxdpi/Export.h>
 
+#if defined(_MSC_VER)
+#pragma warning(push)
+// Bases and fields of types that are not exported: those of the framework, and of the standard library.
+#pragma warning(disable : 4251 4275)
+#endif
+
 /// Creates a font of a point size for the DPI of a window.
 /// @param hWnd  the window; null and dead windows count as 96 DPI.
 /// @param nPointSize  whole points (72 to the inch), as a character height.
@@ -113,3 +119,7 @@ private:
     LONG m_nBaseWidth;
     BOOL m_bInitialised;
 };
+
+#if defined(_MSC_VER)
+#pragma warning(pop)
+#endif

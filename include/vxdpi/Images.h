@@ -25,6 +25,12 @@
 #include <mutex>
 #include <vector>
 
+#if defined(_MSC_VER)
+#pragma warning(push)
+// Bases and fields of types that are not exported: those of the framework, and of the standard library.
+#pragma warning(disable : 4251 4275)
+#endif
+
 /// One registered resource: the DPI that it is drawn for, its ID, and numbers that mean something to the
 /// owner.
 struct ResourceInfo
@@ -103,7 +109,7 @@ private:
 /// @param hBitmap  stays the caller's; not selected into any device context.
 /// @param cx,cy  device pixels.
 /// @return a new bitmap in the screen's format, which the caller frees with DeleteObject; null, with nothing
-///         made, when hBitmap is no bitmap, and null when the screen has no bitmap of that size.
+///         made, when hBitmap can't be queried, and null when the screen has no bitmap of that size.
 VXDPI_API HBITMAP ScaleBitmap(HBITMAP hBitmap, int cx, int cy);
 
 /// A bitmap with several resources of one picture, one per DPI.
@@ -122,7 +128,7 @@ VXDPI_API HBITMAP ScaleBitmap(HBITMAP hBitmap, int cx, int cy);
 class VXDPI_API CDpiAwareBitmap : public CBitmap
 {
 public:
-    /// Makes an object without bitmaps, for 96 DPI.
+    /// Makes an object without bitmaps, for 96 DPI. When memory is short it refuses every operation.
     CDpiAwareBitmap();
 
     /// Deletes both bitmaps.
@@ -139,7 +145,8 @@ public:
     /// @param nDpi  dots per inch.
     /// @return TRUE when another resource than before was loaded. FALSE, with both bitmaps kept, when nothing
     ///         is registered or the best resource is loaded already; FALSE, with one or both bitmaps gone and
-    ///         the sizes as they were, when it can't be loaded.
+    ///         the sizes as they were, when it can't be loaded. The resource before still counts as loaded
+    ///         then: the next load that succeeds is that of another one.
     BOOL LoadDpiAwareBitmap(UINT nDpi);
 
     /// Does the same and maps colours while loading. ScaleToDpi loads without a map.
@@ -153,15 +160,16 @@ public:
     /// Brings the bitmap to the size that it has at a window's DPI. When the DPI is another than that of the
     /// last load, the resource that fits best is loaded before.
     /// @param pWnd  the window; null gives FALSE.
-    /// @param hBitmap  a bitmap to take over as the one to scale, or null for the one that is loaded. From
-    ///        here on it is the object's.
+    /// @param hBitmap  a bitmap to take over as the one to scale, or null for the one that is loaded. Taken
+    ///        over unless there is no window or it has no DPI; must not be one of the object's own bitmaps.
     /// @return TRUE when the bitmap has its new size, which GetSize tells. FALSE, with nothing changed, when
     ///         there is no window, it has no DPI, or there is no bitmap to scale; FALSE, with a size of 0 x 0
     ///         and the bitmaps that are left, when a step failed.
     BOOL ScaleToDpi(CWnd* pWnd, HBITMAP hBitmap);
 
     /// Tells the size of the bitmap to show.
-    /// @return device pixels; 0 x 0 without a bitmap and after a failed ScaleToDpi.
+    /// @return device pixels; 0 x 0 before the first load and after a failed ScaleToDpi, the size before
+    ///         after a failed load.
     CSize GetSize() const;
 
 protected:
@@ -223,7 +231,8 @@ VXDPI_API HICON CreateScaledIcon(UINT nTargetSize, UINT nResourceId, UINT nLoadS
 VXDPI_API HICON CreateScaledIcon(UINT nTargetSize, HICON hIcon);
 
 /// Loads the image of an icon file that fits a size best: the smallest that is not smaller, else the largest.
-/// Images of 256 pixels, which the format stores as 0, count as 0 pixels.
+/// Images of 256 pixels, which the format stores as 0, count as 0 pixels: they are taken only for a target of
+/// 0 and less, when there is no other.
 /// @param pszPath  a program or library with icon resources.
 /// @param nIndex  which of its icons, from 0, in the order in which its resources are enumerated.
 /// @param nTargetSize  device pixels a side.
@@ -283,3 +292,7 @@ private:
     std::vector<UINT>* m_pCurrentSizes; // owned; null when it could not be allocated
     CDpiAwareRes m_resources;
 };
+
+#if defined(_MSC_VER)
+#pragma warning(pop)
+#endif

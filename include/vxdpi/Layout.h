@@ -21,6 +21,12 @@
 
 #include <map>
 
+#if defined(_MSC_VER)
+#pragma warning(push)
+// Bases and fields of types that are not exported: those of the framework, and of the standard library.
+#pragma warning(disable : 4251 4275)
+#endif
+
 /// Where a control goes when its parent's size changes; exactly one of these, any other value means
 /// ANCHOR_TOPLEFT.
 constexpr UINT ANCHOR_TOPLEFT = 1;     ///< stays at its scaled designed place
@@ -176,3 +182,7 @@ protected:
     int m_dpi;                              ///< dots per inch
     int m_bNeedCapture;                     ///< until the first AdjustLayout has captured
 };
+
+#if defined(_MSC_VER)
+#pragma warning(pop)
+#endif

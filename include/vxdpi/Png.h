@@ -185,8 +185,9 @@ private:
 /// The first of an entry's values is the length of a cell's side in pixels. Every creating operation moves
 /// the object's current DPI, picks the entry as CDpiAwareRes::FindBestResource does, cuts its strip from the
 /// left into whole cells, and scales each by nDpi / entry's DPI. A cell that can't be scaled or converted is
-/// left out, so compare the number of results with the one you expect. No result at all means: nothing is
-/// registered, the entry has no values, or its resource is missing, empty or no image.
+/// left out (what was made of a cell whose scaling failed stays allocated), so compare the number of results
+/// with the one you expect. No result at all means: nothing is registered, the entry has no values, or its
+/// resource is missing, empty or no image.
 ///
 /// GDI+ must be running before a strip is cut. Each cell starts it once more and replaces the token that
 /// ShutdownGdiPlusByVxDpi ends (see Dpi.h), so cut strips on one thread.
@@ -284,7 +285,8 @@ protected:
     /// @param nCellSize  length of a cell's side in the strip's pixels; must not be 0.
     /// @param hInstance  the module.
     /// @param background  0xAARRGGBB, the colour that transparent pixels are laid over.
-    /// @return the bitmaps from the left; the caller frees them.
+    /// @return the bitmaps from the left; the caller frees them. The decoded image of a damaged strip stays
+    ///         allocated.
     std::vector<HBITMAP> SplitPngToBitmaps(UINT nResourceId, int nTargetSize, int nCellSize,
                                            HINSTANCE hInstance, DWORD background);
 

@@ -23,6 +23,12 @@
 #include <utility>
 #include <vector>
 
+#if defined(_MSC_VER)
+#pragma warning(push)
+// Bases and fields of types that are not exported: those of the framework, and of the standard library.
+#pragma warning(disable : 4251 4275)
+#endif
+
 /// Scrolls what a window shows: the bounding box of its visible children, with a margin of 20 pixels at 96
 /// DPI.
 ///
@@ -180,3 +186,7 @@ protected:
 VXDPI_API INT_PTR CreateScrollFrame(const int& nIDTemplate, CDialog& dialog,
                                     const std::vector<std::pair<CRealButton*, int>>& buttons,
                                     int reapplyOffset);
+
+#if defined(_MSC_VER)
+#pragma warning(pop)
+#endif

@@ -4,7 +4,7 @@
 
 HBITMAP ScaleBitmap(HBITMAP hBitmap, int cx, int cy)
 {
-    BITMAP bm;
+    BITMAP bm = {};
     if (::GetObjectW(hBitmap, sizeof(BITMAP), &bm) == 0)
         return nullptr;
 

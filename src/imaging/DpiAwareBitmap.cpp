@@ -2,6 +2,7 @@
 
 #include "VariantLookup.h"
 
+#include <foundation/Allocation.h>
 #include <foundation/BaseDpi.h>
 #include <foundation/GuardedScaling.h>
 #include <foundation/Guards.h>
@@ -53,7 +54,7 @@ void SetHalftoneMode(HDC hdcTarget, HDC hdcSource)
 
 CDpiAwareBitmap::CDpiAwareBitmap()
     : m_nColorMapFlags(0), m_pColorMap(nullptr), m_nColorMapSize(0), m_nCurrentDpi(kBaseDpi),
-      m_nResourceId(0), m_pSource(new CBitmap), m_sizeBase(0, 0), m_sizeCurrent(0, 0)
+      m_nResourceId(0), m_pSource(MakeOrNull<CBitmap>().release()), m_sizeBase(0, 0), m_sizeCurrent(0, 0)
 {
 }
 

@@ -5,7 +5,9 @@
 #include <foundation/Guards.h>
 
 #include <algorithm>
+#include <new>
 #include <string>
+#include <vector>
 
 namespace
 {
@@ -32,7 +34,15 @@ private:
 
 BOOL CALLBACK AppendName(HMODULE, LPCWSTR, LPWSTR pszName, LONG_PTR lParam)
 {
-    reinterpret_cast<std::vector<ResourceName>*>(lParam)->emplace_back(pszName);
+    // The platform calls this, and must not be left by an exception: without memory the list ends here.
+    try
+    {
+        reinterpret_cast<std::vector<ResourceName>*>(lParam)->emplace_back(pszName);
+    }
+    catch (const std::bad_alloc&)
+    {
+        return FALSE;
+    }
     return TRUE;
 }
 

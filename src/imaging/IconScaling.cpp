@@ -7,7 +7,8 @@
 
 #include <wincodec.h>
 
-#include <algorithm>
+#include <cstddef>
+#include <vector>
 
 namespace
 {
@@ -50,7 +51,7 @@ HICON IconFromPixels(IWICFormatConverter& pixels)
     if (!color)
         return nullptr;
     const WICRect whole = {0, 0, static_cast<INT>(width), static_cast<INT>(height)};
-    const UINT stride = width * sizeof(DWORD);
+    const UINT stride = width * static_cast<UINT>(sizeof(DWORD));
     pixels.CopyPixels(&whole, stride, stride * height, static_cast<BYTE*>(pBits));
 
     const std::vector<BYTE> bits = PackMask(static_cast<const DWORD*>(pBits), width, height);

@@ -5,12 +5,12 @@
 #include "ViewPlaces.h"
 
 #include <controls/ButtonProxy.h>
+#include <foundation/Allocation.h>
 #include <foundation/BaseDpi.h>
 
 #include <afxext.h>
 
 #include <memory>
-#include <new>
 
 namespace
 {
@@ -50,24 +50,6 @@ bool MakeChildStyled(const CWnd& dialog)
     ::SetLastError(ERROR_SUCCESS);
     // Kept by contract: a dialog that had no extended style at all counts as a failure.
     return ::SetWindowLongPtrW(dialog.m_hWnd, GWL_EXSTYLE, static_cast<LONG_PTR>(dwExStyle)) != 0;
-}
-
-/// @return null when memory is short, which the framework and the language tell in ways of their own.
-std::unique_ptr<CButtonProxy> MakeProxy(CRealButton* pReal, int endCode)
-{
-    try
-    {
-        return std::make_unique<CButtonProxy>(pReal, endCode);
-    }
-    catch (const std::bad_alloc&)
-    {
-        return nullptr;
-    }
-    catch (CMemoryException* pException)
-    {
-        pException->Delete();
-        return nullptr;
-    }
 }
 } // namespace
 
@@ -126,7 +108,7 @@ BOOL CScrollLabelView::CreateProxies(const ButtonList& buttons)
     UINT nId = kFirstProxyId;
     for (const auto& [pReal, endCode] : buttons)
     {
-        std::unique_ptr<CButtonProxy> proxy = MakeProxy(pReal, endCode);
+        std::unique_ptr<CButtonProxy> proxy = MakeOrNull<CButtonProxy>(pReal, endCode);
         if (!proxy || !proxy->Create(this, nId))
         {
             proxy.reset();

@@ -4,8 +4,8 @@
 
 #include <vxdpi/Images.h>
 
-// The fields of a CDpiAwareBitmap and of a CDpiAwareIcon in their order, which is part of the library's binary
-// interface.
+// The fields of a CDpiAwareBitmap and of a CDpiAwareIcon in their order, which is part of the library's
+// binary interface.
 struct BitmapFields
 {
     UINT nColorMapFlags;

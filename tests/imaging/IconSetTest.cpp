@@ -83,7 +83,8 @@ private:
     RecordCalls<decltype(::CopyImage)> m_copy;
 };
 
-// The sizes that a set asks for: those of LoadImage, which refuses, or which answers with an icon of 16 pixels.
+// The sizes that a set asks for: those of LoadImage, which refuses, or which answers with an icon of 16
+// pixels.
 class LoadAnswer : public ImportSpy<decltype(::LoadImageW)>
 {
 public:
