@@ -108,9 +108,9 @@ CString UsageText()
            L"       gallery [--size WxH] [--page NAME] --capture FILE.png [--page NAME --capture "
            L"FILE.png]...\n"
            L"       gallery --list\n"
-           L"  --page NAME         open with this page; upper and lower case are the same\n"
+           L"  --page NAME         open with this page or scene; upper and lower case are the same\n"
            L"  --size WxH          size of the window in pixels at 96 DPI; at most that of the work area\n"
            L"  --capture FILE.png  save a picture of the window with the page named before, and end\n"
-           L"  --list              print the names of the pages, one per line, and end\n"
+           L"  --list              print the names of the pages and their scenes, one per line, and end\n"
            L"  --help              print this text, and end\n";
 }

@@ -7,7 +7,7 @@
 /// A page, and the file that a picture of it goes to.
 struct PictureOrder
 {
-    CString pageName; // empty: the first page
+    CString pageName; // or that of a scene; empty: the first page
     CString file;
 };
 
@@ -23,7 +23,7 @@ struct CommandLine
     };
 
     Action action = Action::ShowWindow;
-    CString pageName;                   // to open with; empty: the first page
+    CString pageName;                   // or that of a scene, to open with; empty: the first page
     CSize size96 = CSize(0, 0);         // of the window; none: the gallery's own
     std::vector<PictureOrder> pictures; // to take one after the other; none: the window stays open
     CString error;                      // why the command line is refused

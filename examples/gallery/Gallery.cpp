@@ -1,8 +1,8 @@
 #include "Gallery.h"
 
-#include "Capture.h"
 #include "Console.h"
 #include "MainFrame.h"
+#include "MessagePump.h"
 #include "Pages.h"
 
 #include <vxdpi/Dpi.h>
@@ -12,17 +12,11 @@ namespace
 constexpr int kExitFailed = 1;
 constexpr int kExitRefused = 2;
 
-constexpr DWORD kQuietMilliseconds = 120;
-constexpr ULONGLONG kLongestSettleMilliseconds = 3000;
-
 CString ListOfPages()
 {
     CString text;
-    for (const PageEntry& page : GalleryPages())
-    {
-        text += page.pszName;
-        text += L"\n";
-    }
+    for (const CString& name : SceneNames())
+        text += name + L"\n";
     return text;
 }
 
@@ -34,28 +28,10 @@ CString FindMissingPage(const CommandLine& commandLine)
         names.push_back(order.pageName);
     for (const CString& name : names)
     {
-        if (FindPage(name) == kNoPage)
+        if (FindScene(name).nPage == kNoPage)
             return name;
     }
     return CString();
-}
-
-// Lets the program's windows draw themselves until nothing more happens.
-// @return false when the program was told to end meanwhile.
-bool RunUntilQuiet(CWinApp& app)
-{
-    const ULONGLONG end = ::GetTickCount64() + kLongestSettleMilliseconds;
-    while (::GetTickCount64() < end &&
-           ::MsgWaitForMultipleObjects(0, nullptr, FALSE, kQuietMilliseconds, QS_ALLINPUT) != WAIT_TIMEOUT)
-    {
-        MSG message = {};
-        while (::PeekMessage(&message, nullptr, 0, 0, PM_NOREMOVE))
-        {
-            if (!app.PumpMessage())
-                return false;
-        }
-    }
-    return true;
 }
 } // namespace
 
@@ -128,18 +104,28 @@ bool CGalleryApp::OpenWindow(const CommandLine& commandLine)
         m_pMainWnd = nullptr;
         return false;
     }
-    pFrame->ShowPage(FindPage(commandLine.pageName));
+    const PageScene scene = FindScene(commandLine.pageName);
+    pFrame->ShowPage(scene.nPage);
     pFrame->ShowWindow(m_nCmdShow);
     pFrame->UpdateWindow();
+    if (commandLine.pictures.empty() && scene.nScene > 0)
+        pFrame->Page().ShowScene(scene.nScene);
     return true;
 }
 
 bool CGalleryApp::TakePicture(CMainFrame& frame, const PictureOrder& order)
 {
-    frame.ShowPage(FindPage(order.pageName));
-    if (!RunUntilQuiet(*this))
+    const PageScene scene = FindScene(order.pageName);
+    frame.ShowPage(scene.nPage);
+    if (!RunUntilQuiet())
         return false;
-    if (SaveWindowAsPng(frame, order.file))
+    if (scene.nScene > 0)
+    {
+        frame.Page().ShowScene(scene.nScene);
+        if (!RunUntilQuiet())
+            return false;
+    }
+    if (frame.Page().SavePicture(scene.nScene, order.file))
         return true;
 
     ReportError(L"the picture can't be saved: " + order.file);

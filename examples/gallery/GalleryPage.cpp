@@ -1,5 +1,7 @@
 #include "GalleryPage.h"
 
+#include "Capture.h"
+
 #include <algorithm>
 
 namespace
@@ -38,6 +40,13 @@ void CGalleryPage::UpdateDpi()
 }
 
 void CGalleryPage::OnMonitorsChanged() {}
+
+void CGalleryPage::ShowScene(int) {}
+
+bool CGalleryPage::SavePicture(int, const CString& file)
+{
+    return SaveWindowAsPng(*GetTopLevelFrame(), file);
+}
 
 void CGalleryPage::PlaceChildren(const CSize&, const CPoint&) {}
 

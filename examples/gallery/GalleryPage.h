@@ -21,6 +21,15 @@ public:
     /// Tells the page that the main window was moved, or that the monitors changed.
     virtual void OnMonitorsChanged();
 
+    /// Does what one of the page's scenes shows, see PageEntry; returns when it has been done.
+    /// @param nScene  1 or more.
+    virtual void ShowScene(int nScene);
+
+    /// Saves a picture of what the page shows as a PNG file: of the whole window, unless overridden.
+    /// @param nScene  0 for the page as it opens, or the scene shown last.
+    /// @return whether the file was written.
+    virtual bool SavePicture(int nScene, const CString& file);
+
 protected:
     /// Draws the page on white paper.
     /// @param size  of the whole content, in units of 1/96 inch; never below the design size.

@@ -82,6 +82,11 @@ void CMainFrame::ShowPage(int nPage)
     RecalcLayout();
 }
 
+CGalleryPage& CMainFrame::Page()
+{
+    return *m_pPage;
+}
+
 void CMainFrame::RecalcLayout(BOOL)
 {
     if (m_pageList.GetSafeHwnd() == nullptr)

@@ -17,6 +17,9 @@ public:
     /// @param nPage  index in GalleryPages().
     void ShowPage(int nPage);
 
+    /// @return the page shown; there is one from the first ShowPage on.
+    CGalleryPage& Page();
+
     void RecalcLayout(BOOL bNotify = TRUE) override;
 
 protected:

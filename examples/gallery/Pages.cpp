@@ -17,6 +17,14 @@ std::unique_ptr<CGalleryPage> MakePage(const CGalleryStyle& style)
 {
     return std::make_unique<Page>(style);
 }
+
+CString SceneName(const PageEntry& page, size_t nScene)
+{
+    CString name = page.pszName;
+    if (nScene > 0)
+        name = name + L", " + page.scenes[nScene - 1];
+    return name;
+}
 } // namespace
 
 const std::vector<PageEntry>& GalleryPages()
@@ -35,15 +43,29 @@ const std::vector<PageEntry>& GalleryPages()
     return pages;
 }
 
-int FindPage(const CString& name)
+PageScene FindScene(const CString& name)
 {
     if (name.IsEmpty())
-        return 0;
+        return {0, 0};
     const std::vector<PageEntry>& pages = GalleryPages();
-    for (size_t i = 0; i < pages.size(); ++i)
+    for (size_t nPage = 0; nPage < pages.size(); ++nPage)
     {
-        if (name.CompareNoCase(pages[i].pszName) == 0)
-            return static_cast<int>(i);
+        for (size_t nScene = 0; nScene <= pages[nPage].scenes.size(); ++nScene)
+        {
+            if (name.CompareNoCase(SceneName(pages[nPage], nScene)) == 0)
+                return {static_cast<int>(nPage), static_cast<int>(nScene)};
+        }
     }
-    return kNoPage;
+    return {};
+}
+
+std::vector<CString> SceneNames()
+{
+    std::vector<CString> names;
+    for (const PageEntry& page : GalleryPages())
+    {
+        for (size_t nScene = 0; nScene <= page.scenes.size(); ++nScene)
+            names.push_back(SceneName(page, nScene));
+    }
+    return names;
 }
