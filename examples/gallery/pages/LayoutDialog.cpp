@@ -2,7 +2,6 @@
 
 #include "../resource.h"
 
-#include <vxdpi/Dpi.h>
 #include <vxdpi/Geometry.h>
 
 namespace
@@ -26,18 +25,6 @@ constexpr ControlLayout kControls[] = {
     {IDC_BOTTOM_RIGHT, ANCHOR_BOTTOMRIGHT, 0},
 };
 
-// Windows scales the controls of a dialog by itself, as of version 1703: they would be scaled twice.
-void LeaveLayoutToProgram(HWND hDialog)
-{
-    const HMODULE hUser = ::GetModuleHandle(L"user32.dll");
-    const FARPROC pfnFound = ::GetProcAddress(hUser, "SetDialogDpiChangeBehavior");
-    if (pfnFound == nullptr)
-        return;
-    using Function = decltype(&::SetDialogDpiChangeBehavior);
-    const auto pfnSetBehavior = reinterpret_cast<Function>(reinterpret_cast<void*>(pfnFound));
-    pfnSetBehavior(hDialog, DDC_DISABLE_ALL, DDC_DISABLE_ALL);
-}
-
 // @return the size of a window in pixels.
 CSize SizeOf(const CWnd& window)
 {
@@ -47,59 +34,23 @@ CSize SizeOf(const CWnd& window)
 }
 } // namespace
 
-BEGIN_MESSAGE_MAP(CLayoutDialog, CDialog)
-    ON_WM_SIZE()
-END_MESSAGE_MAP()
-
-CLayoutDialog::CLayoutDialog() : m_layout(this), m_designedSize96(0, 0) {}
+CLayoutDialog::CLayoutDialog() : m_designedSize96(0, 0) {}
 
 BOOL CLayoutDialog::OnInitDialog()
 {
-    CDialog::OnInitDialog();
-    LeaveLayoutToProgram(m_hWnd);
     FillControls();
+    return CPageDialog::OnInitDialog();
+}
+
+void CLayoutDialog::AddControls(CDpiLayoutManager& layout)
+{
     for (const ControlLayout& control : kControls)
-        m_layout.AddControl(control.nId, control.nAnchor, control.nSizePolicy, TRUE);
-    const UINT nDpi = VxSafeGetDpiForWindow(m_hWnd);
-    m_layout.UpdateDpi(static_cast<int>(nDpi));
-    AdjustLayout(); // the first one captures the designed places
-    UpdateFont(nDpi);
-    return FALSE; // the focus stays where it is, outside the dialog
-}
-
-void CLayoutDialog::UpdateDpi(UINT nDpi)
-{
-    m_layout.UpdateDpi(static_cast<int>(nDpi));
-    AdjustLayout();
-    UpdateFont(nDpi);
-}
-
-void CLayoutDialog::UpdateFont(UINT nDpi)
-{
-    LOGFONT description = {};
-    GetFont()->GetLogFont(&description);
-    const HFONT hPrevious = static_cast<HFONT>(m_font.Detach());
-    if (!m_font.CreateFontIndirect(&description, nDpi))
-    {
-        m_font.Attach(hPrevious); // better a font of the wrong size than none
-        return;
-    }
-    SetFont(&m_font, FALSE);
-    SendMessageToDescendants(WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetSafeHandle()), TRUE);
-    if (hPrevious != nullptr)
-        ::DeleteObject(hPrevious); // no window draws with it any more
-}
-
-void CLayoutDialog::OnSize(UINT nType, int cx, int cy)
-{
-    CDialog::OnSize(nType, cx, cy);
-    if (m_designedSize96.cx > 0)
-        AdjustLayout(); // not before OnInitDialog: the first layout captures the designed places
+        layout.AddControl(control.nId, control.nAnchor, control.nSizePolicy, TRUE);
 }
 
 void CLayoutDialog::AdjustLayout()
 {
-    m_layout.AdjustLayout();
+    CPageDialog::AdjustLayout();
 
     const CSize size = SizeOf(*GetDlgItem(IDC_MIDDLE));
     CString text;
@@ -127,8 +78,3 @@ void CLayoutDialog::FillControls()
     ConvertTo96DPIRect(m_hWnd, middle);
     m_designedSize96 = middle.Size();
 }
-
-// The dialog is a part of a page: it is not closed by a key.
-void CLayoutDialog::OnOK() {}
-
-void CLayoutDialog::OnCancel() {}

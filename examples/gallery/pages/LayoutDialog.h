@@ -1,30 +1,20 @@
 #pragma once
 
-#include <vxdpi/Fonts.h>
-#include <vxdpi/Layout.h>
+#include "DpiDialog.h"
 
 /// A dialog whose controls follow its size and its DPI.
-class CLayoutDialog : public CDialog
+class CLayoutDialog : public CPageDialog
 {
 public:
     CLayoutDialog();
 
-    /// Follows a new DPI; the owner gives the dialog its new size.
-    void UpdateDpi(UINT nDpi);
-
 protected:
     BOOL OnInitDialog() override;
-    void OnOK() override;
-    void OnCancel() override;
-    afx_msg void OnSize(UINT nType, int cx, int cy);
-    DECLARE_MESSAGE_MAP()
+    void AddControls(CDpiLayoutManager& layout) override;
+    void AdjustLayout() override;
 
 private:
     void FillControls();
-    void UpdateFont(UINT nDpi);
-    void AdjustLayout();
 
-    CDpiLayoutManager m_layout;
-    CFontDPIAware m_font;
     CSize m_designedSize96; // of the control in the middle
 };
