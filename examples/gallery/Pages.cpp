@@ -5,6 +5,7 @@
 #include "pages/FontsPage.h"
 #include "pages/IconsPage.h"
 #include "pages/LayoutPage.h"
+#include "pages/ListPage.h"
 #include "pages/MonitorPage.h"
 #include "pages/PlacementPage.h"
 #include "pages/PngPage.h"
@@ -39,6 +40,7 @@ const std::vector<PageEntry>& GalleryPages()
         {L"Draw board", &MakePage<CDrawBoardPage>},
         {L"Layout", &MakePage<CLayoutPage>},
         {L"Window placement", &MakePage<CPlacementPage>},
+        {L"List", &MakePage<CListPage>, {L"column dragged"}},
     };
     return pages;
 }

@@ -30,3 +30,6 @@
 #define IDC_TOOLBAR 300
 #define IDC_TOOL_LIST 301
 #define IDC_SCENE 302
+
+#define IDD_LIST 305
+#define IDC_SCREENS 306
