@@ -9,6 +9,7 @@
 #include "pages/MonitorPage.h"
 #include "pages/PlacementPage.h"
 #include "pages/PngPage.h"
+#include "pages/ScrollingPage.h"
 #include "pages/StripsPage.h"
 
 namespace
@@ -41,6 +42,7 @@ const std::vector<PageEntry>& GalleryPages()
         {L"Layout", &MakePage<CLayoutPage>},
         {L"Window placement", &MakePage<CPlacementPage>},
         {L"List", &MakePage<CListPage>, {L"column dragged"}},
+        {L"Scrolling", &MakePage<CScrollingPage>, {L"scrolled"}},
     };
     return pages;
 }

@@ -33,3 +33,19 @@
 
 #define IDD_LIST 305
 #define IDC_SCREENS 306
+
+// The controls of a dialog that follows its DPI have an ID each, labels too, but only these have a name.
+#define IDD_FORM 310
+#define IDC_FORM_COMPANY 311
+#define IDC_FORM_CONTACT 312
+#define IDC_FORM_STREET 313
+#define IDC_FORM_POSTCODE 314
+#define IDC_FORM_TOWN 315
+#define IDC_FORM_PARCEL 316
+#define IDC_FORM_FREIGHT 317
+#define IDC_FORM_COLLECTED 318
+#define IDC_FORM_DATE 319
+#define IDC_FORM_NEIGHBOUR 320
+#define IDC_FORM_ACCOUNT 321
+#define IDC_FORM_DISCOUNT 322
+#define IDC_FORM_NOTES 323
