@@ -1,5 +1,7 @@
 #include "Capture.h"
 
+#include "Canvas.h"
+
 #include <vxdpi/GdiPlus.h>
 
 #include <vector>
@@ -29,9 +31,8 @@ bool FindPngEncoder(CLSID& encoder)
     return false;
 }
 
-bool CopyWindow(CWnd& window, Gdiplus::Bitmap& picture)
+bool CopyToPicture(HDC hSource, Gdiplus::Bitmap& picture)
 {
-    CWindowDC windowDc(&window);
     Gdiplus::Graphics graphics(&picture);
     const HDC hdc = graphics.GetHDC();
     if (hdc == nullptr)
@@ -39,9 +40,17 @@ bool CopyWindow(CWnd& window, Gdiplus::Bitmap& picture)
 
     const int nWidth = static_cast<int>(picture.GetWidth());
     const int nHeight = static_cast<int>(picture.GetHeight());
-    const BOOL bCopied = ::BitBlt(hdc, 0, 0, nWidth, nHeight, windowDc, 0, 0, SRCCOPY);
+    const BOOL bCopied = ::BitBlt(hdc, 0, 0, nWidth, nHeight, hSource, 0, 0, SRCCOPY);
     graphics.ReleaseHDC(hdc);
     return bCopied != FALSE;
+}
+
+bool SaveAsPng(HDC hSource, const CSize& size, const CString& file)
+{
+    Gdiplus::Bitmap picture(size.cx, size.cy, PixelFormat24bppRGB);
+    CLSID encoder = {};
+    return CopyToPicture(hSource, picture) && FindPngEncoder(encoder) &&
+           picture.Save(file, &encoder, nullptr) == Gdiplus::Ok;
 }
 } // namespace
 
@@ -49,8 +58,30 @@ bool SaveWindowAsPng(CWnd& window, const CString& file)
 {
     CRect rect;
     window.GetWindowRect(&rect);
-    Gdiplus::Bitmap picture(rect.Width(), rect.Height(), PixelFormat24bppRGB);
-    CLSID encoder = {};
-    return CopyWindow(window, picture) && FindPngEncoder(encoder) &&
-           picture.Save(file, &encoder, nullptr) == Gdiplus::Ok;
+    CWindowDC windowDc(&window);
+    return SaveAsPng(windowDc, rect.Size(), file);
+}
+
+bool SaveBitmapAsPng(CBitmap& bitmap, const CString& file)
+{
+    BITMAP description = {};
+    CDC memoryDc;
+    if (bitmap.GetBitmap(&description) == 0 || !memoryDc.CreateCompatibleDC(nullptr))
+        return false;
+
+    const CScopedSelection selected(memoryDc, bitmap.GetSafeHandle());
+    return SaveAsPng(memoryDc, CSize(description.bmWidth, description.bmHeight), file);
+}
+
+bool CopyScreen(const CRect& area, CBitmap& bitmap)
+{
+    CClientDC screenDc(nullptr);
+    CDC memoryDc;
+    if (!memoryDc.CreateCompatibleDC(&screenDc) ||
+        !bitmap.CreateCompatibleBitmap(&screenDc, area.Width(), area.Height()))
+        return false;
+
+    const CScopedSelection selected(memoryDc, bitmap.GetSafeHandle());
+    return memoryDc.BitBlt(0, 0, area.Width(), area.Height(), &screenDc, area.left, area.top, SRCCOPY) !=
+           FALSE;
 }

@@ -1,6 +1,7 @@
 #include "Pages.h"
 
 #include "pages/BitmapsPage.h"
+#include "pages/ButtonsPage.h"
 #include "pages/DrawBoardPage.h"
 #include "pages/FontsPage.h"
 #include "pages/IconsPage.h"
@@ -42,6 +43,7 @@ const std::vector<PageEntry>& GalleryPages()
         {L"Layout", &MakePage<CLayoutPage>},
         {L"Window placement", &MakePage<CPlacementPage>},
         {L"List", &MakePage<CListPage>, {L"column dragged"}},
+        {L"Buttons", &MakePage<CButtonsPage>, {L"played"}},
         {L"Scrolling", &MakePage<CScrollingPage>, {L"scrolled"}},
     };
     return pages;
