@@ -10,6 +10,7 @@
 #include "pages/MonitorPage.h"
 #include "pages/PlacementPage.h"
 #include "pages/PngPage.h"
+#include "pages/ScrollFramePage.h"
 #include "pages/ScrollingPage.h"
 #include "pages/StripsPage.h"
 
@@ -45,6 +46,9 @@ const std::vector<PageEntry>& GalleryPages()
         {L"List", &MakePage<CListPage>, {L"column dragged"}},
         {L"Buttons", &MakePage<CButtonsPage>, {L"played"}},
         {L"Scrolling", &MakePage<CScrollingPage>, {L"scrolled"}},
+        {L"Scrolling frame",
+         &MakePage<CScrollFramePage>,
+         {L"played", L"opened", L"scrolled", L"resized", L"compared"}},
     };
     return pages;
 }
