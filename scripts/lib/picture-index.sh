@@ -1,11 +1,12 @@
 # shellcheck shell=bash
 # A web page that shows the gallery's pictures side by side. To be sourced.
 
-# write_picture_index FOLDER DPIS SIZES: reads FOLDER/<dpi>/pages.txt, writes the page to standard output. The lists
-# have blanks between their entries.
+# write_picture_index FOLDER DPIS SIZES SMALL: reads FOLDER/<dpi>/pages.txt, and that in the folder above SMALL for the
+# pictures on small screens, whose part of the path SMALL is; writes the page to standard output. The lists have blanks
+# between their entries.
 write_picture_index()
 {
-    local folder=$1 picture page dpi size dpis sizes
+    local folder=$1 small=$4 picture page dpi size dpis sizes
     read -r -a dpis <<<"$2"
     read -r -a sizes <<<"$3"
     index_head "${#dpis[@]}"
@@ -16,23 +17,28 @@ write_picture_index()
     while read -r picture page; do
         printf '  <section>\n    <h2>%s</h2>\n' "$page"
         for size in "${sizes[@]}"; do
-            index_row
+            printf '    <h3>window of %s</h3>\n' "${size/x/ × }"
+            index_row "$size"
         done
         printf '  </section>\n'
     done <"$folder/${dpis[0]}/pages.txt"
+    while read -r picture page; do
+        printf '  <section>\n    <h2>%s</h2>\n    <h3>on a small screen</h3>\n' "$page"
+        index_row "$small"
+        printf '  </section>\n'
+    done <"$folder/${dpis[0]}/${small%/*}/pages.txt"
     printf '</main>\n</body>\n</html>\n'
 }
 
-# One page in one size at every DPI; the caller's variables say which.
+# index_row PATH: one page at every DPI, from the folder PATH below that of the DPI; the caller's variables say which.
 index_row()
 {
     local path
-    printf '    <h3>window of %s</h3>\n' "${size/x/ × }"
     for dpi in "${dpis[@]}"; do
-        path=$dpi/$size/$picture
-        [[ -s $folder/$path ]] || fail "page $page has no picture at $dpi DPI in size $size"
-        printf '    <a href="%s"><img src="%s" alt="%s at %s DPI, window of %s" loading="lazy"></a>\n' \
-            "$path" "$path" "$page" "$dpi" "$size"
+        path=$dpi/$1/$picture
+        [[ -s $folder/$path ]] || fail "page $page has no picture $path"
+        printf '    <a href="%s"><img src="%s" alt="%s at %s DPI" loading="lazy"></a>\n' \
+            "$path" "$path" "$page" "$dpi"
     done
 }
 
@@ -71,7 +77,8 @@ index_head()
   <h1>vxdpi gallery</h1>
   <p>Every page of the sample application at each DPI, in a window of its usual size and in a larger one, drawn at one
      physical size as monitors of these densities would show it: nothing moves, everything gets sharper. Sizes are in
-     pixels at 96 DPI. Open a picture to see its own pixels.</p>
+     pixels at 96 DPI. At the end is a dialog on screens of 1024 × 600, 1366 × 768 and 1920 × 1080 pixels, which have no
+     room for it. Open a picture to see its own pixels.</p>
   <header>
 END
 }
