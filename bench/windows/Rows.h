@@ -1,0 +1,14 @@
+#pragma once
+
+#include "PairedRounds.h"
+
+#include <functional>
+
+/// Takes a pair while the objects that it works on live.
+using Visit = std::function<void(const Pair&)>;
+
+/// PNG pictures, strips and icons. GDI+ and COM have to be started.
+void VisitPictureRows(const Visit& visit);
+
+/// Layout, scrolling, DPI queries, fonts and list columns.
+void VisitWindowRows(const Visit& visit);
