@@ -13,21 +13,15 @@ constexpr std::size_t kPixelsPerVector = 4;
 constexpr std::size_t kVectorsPerTurn = 4;
 constexpr std::size_t kPixelsPerTurn = kPixelsPerVector * kVectorsPerTurn;
 
-/// One pass that reads and writes every pixel in place.
+/// One pass that reads and writes every pixel in place, each vector before the next, as the kernels do.
 inline void Flip(DWORD* pPixels, std::size_t count)
 {
     const __m128i mask = _mm_set1_epi32(0x00010101);
     for (std::size_t i = 0; i < count; i += kPixelsPerTurn)
     {
         __m128i* const p = reinterpret_cast<__m128i*>(pPixels + i);
-        const __m128i first = _mm_xor_si128(_mm_loadu_si128(p), mask);
-        const __m128i second = _mm_xor_si128(_mm_loadu_si128(p + 1), mask);
-        const __m128i third = _mm_xor_si128(_mm_loadu_si128(p + 2), mask);
-        const __m128i fourth = _mm_xor_si128(_mm_loadu_si128(p + 3), mask);
-        _mm_storeu_si128(p, first);
-        _mm_storeu_si128(p + 1, second);
-        _mm_storeu_si128(p + 2, third);
-        _mm_storeu_si128(p + 3, fourth);
+        for (std::size_t k = 0; k < kVectorsPerTurn; ++k)
+            _mm_storeu_si128(p + k, _mm_xor_si128(_mm_loadu_si128(p + k), mask));
     }
 }
 
