@@ -69,6 +69,39 @@ TEST(ButtonBand, AnyButtonsStandAGapApart)
     }
 }
 
+TEST(ButtonBand, AnAreaThatDoesNotStartAtZeroCountsByItsRightAndBottom)
+{
+    ButtonBand band({100, 200, 400, 300}, 7);
+    EXPECT_EQ(band.Add({75, 23}), (RECT{318, 270, 393, 293}));
+    EXPECT_EQ(band.Height(), 37);
+}
+
+TEST(ButtonBand, WithoutAGapTheButtonsTouch)
+{
+    ButtonBand band({0, 0, 400, 300}, 0);
+    EXPECT_EQ(band.Add({75, 23}), (RECT{325, 277, 400, 300}));
+    EXPECT_EQ(band.Add({75, 20}), (RECT{250, 280, 325, 300}));
+    EXPECT_EQ(band.Height(), 23);
+}
+
+TEST(ButtonBand, ANegativeHeightNeedsNoBand)
+{
+    ButtonBand band({0, 0, 400, 300}, 5);
+    band.Add({10, -20});
+    EXPECT_EQ(band.Height(), 0);
+    band.Add({10, -10}); // just none
+    EXPECT_EQ(band.Height(), 0);
+    band.Add({10, -9});
+    EXPECT_EQ(band.Height(), 1);
+}
+
+TEST(ButtonBand, CoordinatesWrapAround)
+{
+    ButtonBand band({0, 0, -2147483647, 5}, 10);
+    EXPECT_EQ(band.Add({2147483647, 2147483647}), (RECT{-8, 2147483644, 2147483647 - 8, -5}));
+    EXPECT_EQ(band.Height(), 0); // wrapped below 0
+}
+
 TEST(ViewPlaces, TheBarsLieAlongTheContent)
 {
     const ViewPlaces places = PlacesIn({400, 300}, 10, 20, 33);
@@ -85,4 +118,28 @@ TEST(ViewPlaces, WithoutABandTheHorizontalBarLiesAtTheBottom)
 TEST(ViewPlaces, AViewThatIsTooSmallLeavesLessThanNothing)
 {
     EXPECT_EQ(PlacesIn({0, 0}, 10, 20, 33).content, (RECT{10, 10, -20, -53}));
+}
+
+TEST(ViewPlaces, EveryPixelOfTheBarsIsKeptOutOfTheContent)
+{
+    const ViewPlaces places = PlacesIn({401, 299}, 11, 21, 34);
+    EXPECT_EQ(places.content, (RECT{11, 11, 380, 244}));
+    EXPECT_EQ(places.horizontalBar, (RECT{11, 244, 380, 265}));
+    EXPECT_EQ(places.verticalBar, (RECT{380, 11, 401, 244}));
+}
+
+TEST(ViewPlaces, WithoutMarginAndBarsTheContentIsAllAboveTheBand)
+{
+    const ViewPlaces places = PlacesIn({400, 300}, 0, 0, 33);
+    EXPECT_EQ(places.content, (RECT{0, 0, 400, 267}));
+    EXPECT_EQ(places.horizontalBar, (RECT{0, 267, 400, 267}));
+    EXPECT_EQ(places.verticalBar, (RECT{400, 0, 400, 267}));
+}
+
+TEST(ViewPlaces, CoordinatesWrapAround)
+{
+    const ViewPlaces places = PlacesIn({-2147483647, -2147483647}, 10, 20, 33);
+    EXPECT_EQ(places.content, (RECT{10, 10, 2147483629, 2147483596}));
+    EXPECT_EQ(places.horizontalBar, (RECT{10, 2147483596, 2147483629, 2147483616}));
+    EXPECT_EQ(places.verticalBar, (RECT{2147483629, 10, -2147483647, 2147483596}));
 }

@@ -128,6 +128,49 @@ TEST(ScrolledPlacement, AStretchedControlKeepsItsEndWhereTheMarginLeavesLessThan
     EXPECT_EQ(Place(rule, {600, 450}), (RECT{15, 15, 165, 150}));
 }
 
+TEST(ScrolledPlacement, ADesignedLengthIsRoundedHalfAwayFromZero)
+{
+    EXPECT_EQ(ScrolledPlacement::ExtentOf(0, 301, kScale).length, 452); // 451.5
+    EXPECT_TRUE(ScrolledPlacement::ExtentOf(452, 301, kScale).fits);
+    EXPECT_FALSE(ScrolledPlacement::ExtentOf(451, 301, kScale).fits);
+    EXPECT_EQ(ScrolledPlacement::ExtentOf(-10, -1, kScale).length, -2); // -1.5
+    EXPECT_TRUE(ScrolledPlacement::ExtentOf(0, 0, kScale).fits);
+}
+
+TEST(ScrolledPlacement, TheEndAtTheMarginCountsFromTheControlsLengthOn)
+{
+    EXPECT_EQ(ScrolledPlacement::StretchedEnd(300, 100, 100), 100);
+    EXPECT_EQ(ScrolledPlacement::StretchedEnd(300, 100, 99), 300);
+    EXPECT_EQ(ScrolledPlacement::StretchedEnd(300, 100, 301), 301);
+    EXPECT_EQ(ScrolledPlacement::StretchedEnd(300, -100, -100), -100);
+}
+
+TEST(ScrolledPlacement, AStretchedControlMayEndBeforeItStarts)
+{
+    Placement::Rule rule = {};
+    rule.base96 = {200, 150, 300, 250};
+    rule.stretchesWidth = true;
+    rule.stretchesHeight = true;
+    rule.marginRight96 = 300;
+    rule.marginBottom96 = 200;
+    EXPECT_EQ(Place(rule, {400, 300}, {400, 300}, 1.0f), (RECT{200, 150, 100, 100}));
+    rule.followsRight = true; // moved with its negative width
+    EXPECT_EQ(Place(rule, {400, 300}, {400, 300}, 1.0f), (RECT{200, 150, 100, 100}));
+}
+
+TEST(ScrolledPlacement, LengthsWrapAround)
+{
+    Placement::Rule rule = {};
+    rule.base96 = {0, 0, 10, 10};
+    rule.marginRight96 = -2147483647 - 1;
+    rule.stretchesWidth = true;
+    EXPECT_EQ(Place(rule, {400, 300}, {400, 300}, 1.0f), (RECT{0, 0, 10, 10})); // wrapped below 10
+    rule.followsRight = true;
+    rule.stretchesWidth = false;
+    EXPECT_EQ(Place(rule, {400, 300}, {400, 300}, 1.0f),
+              (RECT{-2147483647 - 1 + 390, 0, -2147483647 - 1 + 400, 10}));
+}
+
 TEST(ScrolledPlacement, RandomRulesAgreeWithTheModel)
 {
     std::mt19937 random(82);

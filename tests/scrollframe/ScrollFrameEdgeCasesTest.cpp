@@ -1,139 +1,12 @@
-#include "foundation/FrameworkWindow.h"
 #include "foundation/WindowDpiAnswer.h"
-#include "layout/LayoutFixtures.h"
-#include "support/CallLog.h"
+#include "scrollframe/FrameFixtures.h"
 #include "support/HandleCount.h"
 #include "support/Input.h"
 
-#include <vxdpi/ScrollFrame.h>
-
 #include <gtest/gtest.h>
-
-#include <functional>
-#include <utility>
-#include <vector>
 
 namespace
 {
-constexpr int kTemplate = 4711;
-constexpr UINT kRunStep = WM_APP + 1;
-const CSize kButton(75, 23);
-
-constexpr int kFirstProxy = 10001;
-constexpr int kHScrollBar = 10011;
-constexpr int kVScrollBar = 10012;
-
-using ButtonList = std::vector<std::pair<CRealButton*, int>>;
-using Steps = std::function<void()>;
-
-// The main window of the program for a scope.
-class MainWindow : public FrameworkWindow
-{
-public:
-    MainWindow() { AfxGetApp()->m_pMainWnd = Object(); }
-    ~MainWindow() { AfxGetApp()->m_pMainWnd = nullptr; }
-};
-
-// A dialog of two buttons that makes its window without a resource, and runs the steps of the test from the
-// modal loop.
-class StepDialog : public CDialog
-{
-public:
-    StepDialog() = default;
-    ~StepDialog() override { DestroyWindow(); }
-
-    BOOL Create(UINT nIDTemplate, CWnd* pParentWnd) override
-    {
-        const struct
-        {
-            DLGTEMPLATE head;
-            WORD noMenuNoClassNoTitle[3];
-        } emptyTemplate = {{style, 0, 0, 0, 0, 100, 100}, {}};
-        nTemplate = nIDTemplate;
-        return createsWindow && CreateIndirect(&emptyTemplate.head, pParentWnd);
-    }
-
-    BOOL OnInitDialog() override
-    {
-        CDialog::OnInitDialog();
-        SetWindowText(L"Settings");
-        MoveWindow(place);
-        content.Create(nullptr, WS_CHILD | WS_VISIBLE, CRect(0, 0, 450, 380), this);
-        ok.Create(L"OK", WS_CHILD | WS_VISIBLE, CRect(CPoint(10, 400), kButton), this, IDOK);
-        cancel.Create(L"Cancel", WS_CHILD | WS_VISIBLE, CRect(CPoint(100, 400), kButton), this, IDCANCEL);
-        if (steps)
-            PostMessage(kRunStep);
-        return TRUE;
-    }
-
-    // Shows the dialog with both buttons and runs the steps in the modal loop.
-    INT_PTR Run(const ButtonList& buttons, Steps stepsInLoop)
-    {
-        steps = std::move(stepsInLoop);
-        return CreateScrollFrame(kTemplate, *this, buttons, 0);
-    }
-
-    ButtonList BothButtons() { return {{&ok, IDOK}, {&cancel, IDCANCEL}}; }
-
-    HWND View() const { return ::GetParent(m_hWnd); }
-    HWND Frame() const { return ::GetParent(View()); }
-    HWND Proxy(int index) const { return ::GetDlgItem(View(), kFirstProxy + index); }
-    void Close() const { ::SendMessageW(Frame(), WM_CLOSE, 0, 0); }
-
-    DWORD style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | DS_MODALFRAME;
-    CRect place = CRect(20, 20, 520, 520);
-    bool createsWindow = true;
-    UINT nTemplate = 0;
-    CStatic content;
-    CRealButton ok;
-    CRealButton cancel;
-    CallLog log;
-    Steps steps;
-
-protected:
-    void OnOK() override { log.Write("OK"); }
-    void OnCancel() override { log.Write("Cancel"); }
-
-    afx_msg LRESULT OnRunStep(WPARAM, LPARAM)
-    {
-        steps();
-        if (testing::Test::HasFatalFailure())
-            Close();
-        return 0;
-    }
-
-    DECLARE_MESSAGE_MAP()
-};
-
-BEGIN_MESSAGE_MAP(StepDialog, CDialog)
-    ON_MESSAGE(kRunStep, &StepDialog::OnRunStep)
-END_MESSAGE_MAP()
-
-CSize ClientSizeOf(HWND hWnd)
-{
-    CRect client;
-    ::GetClientRect(hWnd, &client);
-    return client.Size();
-}
-
-EdgeList ScreenPlaceOf(HWND hWnd)
-{
-    CRect place;
-    ::GetWindowRect(hWnd, &place);
-    return Edges(place);
-}
-
-// A scroll bar does not return from the press before the release has arrived.
-void ClickAtOnce(POINT screen)
-{
-    MoveMouse(screen);
-    INPUT inputs[2] = {};
-    inputs[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
-    inputs[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
-    EXPECT_EQ(::SendInput(2, inputs, sizeof inputs[0]), 2u);
-    PumpMessages(100);
-}
-
 // The places of the parts of a view whose margins, bars and gaps are multiples of 5 pixels.
 void ExpectParts(const StepDialog& dialog, int five, int band)
 {
@@ -168,7 +41,7 @@ TEST(ScrollFrameEdgeCases, TheFrameIsTheDialogsPartOfTheWorkArea)
                              dialog.Close();
                          }),
               IDCANCEL);
-    EXPECT_EQ(dialog.nTemplate, static_cast<UINT>(kTemplate));
+    EXPECT_EQ(dialog.nTemplate, static_cast<UINT>(kScrolledTemplate));
 }
 
 TEST(ScrollFrameEdgeCases, TheButtonsStandInABandFromTheRightToTheLeft)
@@ -254,13 +127,12 @@ TEST(ScrollFrameEdgeCases, AClickOnAProxyIsHandledByTheDialogAndThenEndsTheLoopW
     StepDialog dialog;
     const INT_PTR result =
         dialog.Run({{&dialog.ok, 0}, {&dialog.cancel, -7}},
-                   [&]
-                   {
-                       ::SendMessageW(dialog.Proxy(0), BM_CLICK, 0, 0);
-                       EXPECT_EQ(dialog.log.Lines(), (CallLog::LineList{"OK"}));
-                       dialog.steps = [&] { ::SendMessageW(dialog.Proxy(1), BM_CLICK, 0, 0); };
-                       dialog.PostMessage(kRunStep); // handled: the loop goes on
-                   });
+                   {[&]
+                    {
+                        ::SendMessageW(dialog.Proxy(0), BM_CLICK, 0, 0);
+                        EXPECT_EQ(dialog.log.Lines(), (CallLog::LineList{"OK"}));
+                    },
+                    [&] { ::SendMessageW(dialog.Proxy(1), BM_CLICK, 0, 0); }}); // the loop goes on
     EXPECT_EQ(result, -7);
     EXPECT_EQ(dialog.log.Lines(), (CallLog::LineList{"OK", "Cancel"}));
 }
@@ -369,11 +241,11 @@ TEST(ScrollFrameEdgeCases, NothingIsShownWithoutADialogOrAMainWindow)
 {
     StepDialog dialog;
     dialog.createsWindow = false;
-    EXPECT_EQ(dialog.Run({}, nullptr), 0);
+    EXPECT_EQ(dialog.Run({}, Steps()), 0);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
 
     dialog.createsWindow = true;
-    EXPECT_EQ(dialog.Run({}, nullptr), 0);
+    EXPECT_EQ(dialog.Run({}, Steps()), 0);
     EXPECT_TRUE(::IsWindow(dialog.m_hWnd));
 }
 
@@ -383,7 +255,7 @@ TEST(ScrollFrameEdgeCases, ADialogWithoutExtendedStylesIsRefusedAndGoesWithTheVi
     mainWindow.Window().Show();
     StepDialog dialog;
     dialog.style = WS_CHILD;
-    EXPECT_EQ(dialog.Run(dialog.BothButtons(), nullptr), 0);
+    EXPECT_EQ(dialog.Run(dialog.BothButtons(), Steps()), 0);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
 }
 
@@ -392,7 +264,7 @@ TEST(ScrollFrameEdgeCases, AButtonThatHasNoWindowUndoesAllProxies)
     MainWindow mainWindow;
     StepDialog dialog;
     CRealButton none;
-    EXPECT_EQ(dialog.Run({{&dialog.ok, IDOK}, {&none, 1}}, nullptr), 0);
+    EXPECT_EQ(dialog.Run({{&dialog.ok, IDOK}, {&none, 1}}, Steps()), 0);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
     EXPECT_NE(dialog.ok.SetProxyButton(nullptr), nullptr);
     EXPECT_EQ(none.SetProxyButton(nullptr), nullptr);
@@ -410,7 +282,7 @@ TEST(ScrollFrameEdgeCases, AWindowThatCannotBeMadeLeavesTheDialogOnlyWhenItIsNoC
             StepDialog dialog;
             const FailNthCall<decltype(::CreateWindowExW)> create(FrameworkModule(), "user32.dll",
                                                                   "CreateWindowExW", failing, nullptr);
-            EXPECT_EQ(dialog.Run(dialog.BothButtons(), nullptr), 0) << failing;
+            EXPECT_EQ(dialog.Run(dialog.BothButtons(), Steps()), 0) << failing;
             EXPECT_EQ(create.CallCount(), failing);
             EXPECT_EQ(dialog.m_hWnd != nullptr, failing <= 7) << failing;
             EXPECT_TRUE(mainWindow.Object()->IsWindowEnabled());
