@@ -24,7 +24,7 @@ public:
 
     void AutoCaptureRects() override
     {
-        log.Write("AutoCaptureRects");
+        log.WriteCall("AutoCaptureRects", m_bNeedCapture);
         CScrollLayoutManager::AutoCaptureRects();
     }
 
@@ -91,6 +91,25 @@ TEST(ScrollLayout, EachAxisFitsByItself)
     EXPECT_EQ(PlacedAt(96, {399, 310}, ANCHOR_BOTTOMRIGHT), Edges(300, 260, 380, 290));
     EXPECT_EQ(PlacedAt(96, {399, 310}, ANCHOR_RIGHT), Edges(300, 250, 380, 280));
     EXPECT_EQ(PlacedAt(96, {410, 299}, ANCHOR_BOTTOM), Edges(300, 250, 380, 280));
+}
+
+// A margin of its own would move the control even in the designed size.
+TEST(ScrollLayout, AnAxisThatDoesNotFitDoesNotFollowTheMargin)
+{
+    LayoutParent parent(400, 300);
+    CWnd* const pControl = parent.AddChild(7, {0, 0, 1, 1});
+    StepLayout manager(parent.Window());
+    LayoutInfo info = RecordAt({10, 20, 110, 50}, ANCHOR_BOTTOMRIGHT, 0, 55, 66);
+    info.pWnd = pControl;
+    manager.AddControl(pControl, info);
+    manager.AdjustLayout();
+    EXPECT_EQ(parent.PlaceOf(pControl), Edges(245, 204, 345, 234));
+    parent.Resize(399, 300);
+    manager.AdjustLayout();
+    EXPECT_EQ(parent.PlaceOf(pControl), Edges(10, 204, 110, 234));
+    parent.Resize(400, 299);
+    manager.AdjustLayout();
+    EXPECT_EQ(parent.PlaceOf(pControl), Edges(245, 20, 345, 50));
 }
 
 TEST(ScrollLayout, AValueThatIsNoAnchorIsTopLeft)
@@ -178,10 +197,11 @@ TEST(ScrollLayout, TheFirstLayoutCapturesAt96Dpi)
     EXPECT_EQ(Edges(record.rcBase96), Edges(20, 40, 200, 260));
     EXPECT_EQ(record.nMarginRight, 200);
     EXPECT_EQ(record.nMarginBottom, 40);
-    EXPECT_EQ(manager.log.Lines(),
-              (CallLog::LineList{"AutoCaptureRects", "ConvertTo96DPIRect({0, 0, 600, 450})",
-                                 "ConvertTo96DPIRect({30, 60, 300, 390})", "GetControlRect(control)",
-                                 "GetScaledRect({20, 40, 200, 260})"}));
+    EXPECT_EQ(
+        manager.log.Lines(),
+        (CallLog::LineList{"AutoCaptureRects(1)", // the flag is cleared afterwards
+                           "ConvertTo96DPIRect({0, 0, 600, 450})", "ConvertTo96DPIRect({30, 60, 300, 390})",
+                           "GetControlRect(control)", "GetScaledRect({20, 40, 200, 260})"}));
 }
 
 TEST(ScrollLayout, LaterLayoutsCaptureNothing)
@@ -267,6 +287,34 @@ TEST(ScrollLayout, ARecordWithoutALivingObjectIsNotCapturedByItsNumber)
         EXPECT_EQ(Edges(manager.RecordOf(pControl).rcBase96), Edges(0, 0, 0, 0));
     }
     EXPECT_EQ(parent.PlaceOf(pControl), Edges(0, 0, 0, 0)); // placed all the same
+}
+
+TEST(ScrollLayout, AParentThatIsGoneHasNoClientArea)
+{
+    LayoutParent parent(400, 300);
+    LayoutParent other(400, 300);
+    CWnd* const pControl = other.AddChild(7, {0, 0, 1, 1});
+    StepLayout manager(parent.Window());
+    manager.AddControl(pControl, RecordAt({10, 20, 40, 30}, ANCHOR_BOTTOMRIGHT, 0, 5, 6));
+    manager.m_clientSize96 = CSize(0, 0);
+    ::DestroyWindow(parent.Handle());
+    EXPECT_EQ(Edges(manager.GetControlRect(pControl->m_hWnd)), Edges(-35, -16, -5, -6));
+    manager.m_clientSize96 = CSize(1, 1);
+    EXPECT_EQ(Edges(manager.GetControlRect(pControl->m_hWnd)), Edges(10, 20, 40, 30));
+}
+
+// The parent's client area starts at (100, 50).
+TEST(ScrollLayout, AControlWhosePlaceIsNotToldIsCapturedAsAPointOfTheScreen)
+{
+    LayoutParent parent(400, 300);
+    CWnd* const pControl = parent.AddChild(7, {10, 20, 30, 40});
+    StepLayout manager(parent.Window());
+    manager.AddControl(pControl, ANCHOR_TOPLEFT, 0, FALSE);
+    const FailNthCall<decltype(::GetWindowRect)> place(VxDpiModule(), "user32.dll", "GetWindowRect", 1,
+                                                       FALSE);
+    manager.AdjustLayout();
+    EXPECT_EQ(Edges(manager.RecordOf(pControl).rcBase96), Edges(-100, -50, -100, -50));
+    EXPECT_EQ(manager.RecordOf(pControl).nMarginRight, 500);
 }
 
 TEST(ScrollLayout, ADeadWindowIsNotPlacedByItsNumber)
