@@ -173,6 +173,19 @@ TEST_F(ScaleToDpi, AfterAFailedLoadThereIsNoBitmapAndTheSizesStay)
     EXPECT_TRUE(HasSizes(m_bitmap, {16, 16}, {16, 16}));
 }
 
+TEST_F(ScaleToDpi, ABitmapThatIsLoadedAndNotShownIsScaled)
+{
+    m_bitmap.LoadDpiAwareBitmap(96);
+    {
+        const FailCopyImage fail;
+        m_bitmap.LoadDpiAwareBitmap(144);
+    }
+    ASSERT_EQ(m_bitmap.Displayed(), nullptr);
+    EXPECT_EQ(ScaleAt(144), TRUE);
+    EXPECT_TRUE(HasSizes(m_bitmap, {16, 16}, {16, 16}));
+    EXPECT_TRUE(HasSize(m_bitmap.Displayed(), 16, 16));
+}
+
 TEST_F(ScaleToDpi, WithoutASourceObjectTheDpiIsNotAskedFor)
 {
     m_bitmap.LoadDpiAwareBitmap(96);

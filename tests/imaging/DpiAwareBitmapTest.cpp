@@ -17,6 +17,22 @@ class CDpiAwareBitmapLife : public DpiAwareBitmap
 {
 };
 
+// Counts the calls of operations that it hides, which reach it only if they are virtual.
+class HidingBitmap : public CDpiAwareBitmap
+{
+public:
+    int Calls() const { return m_calls; }
+
+    void AddResourceForDpi(UINT, UINT, const std::vector<UINT>&) { ++m_calls; }
+    BOOL LoadDpiAwareBitmapWithColorMap(UINT, COLORMAP*, int, UINT) { return ++m_calls; }
+    BOOL LoadDpiAwareBitmapInternal(UINT, COLORMAP*, int, UINT) { return ++m_calls; }
+    BOOL Attach_DpiAware(HBITMAP) { return ++m_calls; }
+    BOOL Scale(CWnd*, int, int) { return ++m_calls; }
+
+private:
+    int m_calls = 0;
+};
+
 class LoadDpiAwareBitmap : public DpiAwareBitmap
 {
 };
@@ -81,6 +97,19 @@ TEST_F(CDpiAwareBitmapLife, IsABitmapThatCannotBeCopied)
     static_assert(!std::is_copy_assignable_v<CDpiAwareBitmap>);
     static_assert(std::has_virtual_destructor_v<CDpiAwareBitmap>);
     EXPECT_TRUE(m_bitmap.IsKindOf(RUNTIME_CLASS(CBitmap)));
+}
+
+TEST_F(CDpiAwareBitmapLife, CallsNoOperationOfADerivedClass)
+{
+    HidingBitmap bitmap;
+    bitmap.CDpiAwareBitmap::AddResourceForDpi(144, IDB_24, {});
+    const WindowDpiAnswer answer(144);
+    EXPECT_TRUE(bitmap.ScaleToDpi(m_window.Object(), DeviceBitmap(4, 4, kWhite).release()));
+    EXPECT_TRUE(IsSize(bitmap.GetSize(), 4, 4));
+    bitmap.CDpiAwareBitmap::AddResourceForDpi(96, IDB_16, {});
+    EXPECT_TRUE(bitmap.LoadDpiAwareBitmap(96));
+    EXPECT_TRUE(IsSize(bitmap.GetSize(), 16, 16));
+    EXPECT_EQ(bitmap.Calls(), 0);
 }
 
 TEST_F(CDpiAwareBitmapLife, OwnsBothBitmapsUntilItDies)

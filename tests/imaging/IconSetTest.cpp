@@ -3,17 +3,20 @@
 #include "foundation/LibraryModule.h"
 #include "imaging/BitmapFields.h"
 #include "imaging/HundredTimes.h"
+#include "imaging/Icons.h"
+#include "imaging/ShortMemory.h"
 #include "png/LoadingCalls.h"
 #include "support/AtTestDpi.h"
 #include "support/CallLog.h"
 #include "support/HandleCount.h"
 #include "support/ImportSpy.h"
-#include "support/Pixels.h"
 #include "support/ResourceDll.h"
 #include "support/TestPictures.h"
 #include "support/TestResources.h"
 
 #include <gtest/gtest.h>
+
+#include <afxdll_.h>
 
 #include <climits>
 #include <memory>
@@ -25,13 +28,6 @@ namespace
 {
 using Sizes = std::vector<UINT>;
 using Lines = CallLog::LineList;
-
-struct IconDeleter
-{
-    void operator()(HICON icon) const { ::DestroyIcon(icon); }
-};
-
-using OwnedIcon = std::unique_ptr<HICON__, IconDeleter>;
 
 class OpenIconSet : public CDpiAwareIcon
 {
@@ -49,18 +45,7 @@ public:
     const Sizes& CurrentSizes() { return *Fields().pCurrentSizes; }
 };
 
-// One allocation of the library fails.
-class ShortMemory : public FailNthCall<void*(std::size_t)>
-{
-public:
-    explicit ShortMemory(int failingCall)
-        : FailNthCall(VxDpiModule(), nullptr, "malloc", failingCall, nullptr)
-    {
-    }
-};
-
-// The calls with which icons are loaded and stretched: "LoadImage" names the module "program" and its result
-// "loaded".
+// The calls with which icons are loaded and stretched. The module is "program", what was loaded "loaded".
 class IconCalls
 {
 public:
@@ -83,8 +68,7 @@ private:
     RecordCalls<decltype(::CopyImage)> m_copy;
 };
 
-// The sizes that a set asks for: those of LoadImage, which refuses, or which answers with an icon of 16
-// pixels.
+// The sizes that a set asks LoadImage for, which refuses or answers with an icon of 16 pixels.
 class LoadAnswer : public ImportSpy<decltype(::LoadImageW)>
 {
 public:
@@ -120,16 +104,6 @@ OwnedIcon TestIcon(int size = 16)
 {
     return OwnedIcon(static_cast<HICON>(::LoadImageW(::GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_16_32),
                                                      IMAGE_ICON, size, size, LR_DEFAULTCOLOR)));
-}
-
-testing::AssertionResult HasSize(const OwnedIcon& icon, LONG side)
-{
-    if (!icon)
-        return testing::AssertionFailure() << "no icon";
-    const SIZE size = SizeOf(icon.get());
-    if (size.cx == side && size.cy == side)
-        return testing::AssertionSuccess();
-    return testing::AssertionFailure() << "the icon is " << size.cx << 'x' << size.cy;
 }
 
 // 16 and 32 pixels for 96 DPI, 24 and 48 pixels for 192 DPI: an icon of 16 pixels.
@@ -413,7 +387,7 @@ TEST_F(GetScaledIcon, StretchesAnotherSize)
     const OwnedIcon icon(m_icons.GetScaledIcon(12, IDI_16_32));
     EXPECT_EQ(log.Lines(),
               (Lines{"LoadImageW(program, @301, 1, 16, 16, 0)", "CopyImage(loaded, 1, 12, 12, 12)"}));
-    EXPECT_TRUE(HasSize(icon, 12));
+    EXPECT_TRUE(HasSize(icon.get(), 12, 12));
 }
 
 TEST_F(GetScaledIcon, TakesTheResourceNamedAndTheSizesOfTheChosenOne)
@@ -424,7 +398,7 @@ TEST_F(GetScaledIcon, TakesTheResourceNamedAndTheSizesOfTheChosenOne)
     const OwnedIcon icon(m_icons.GetScaledIcon(20, IDI_24_48));
     EXPECT_EQ(log.Lines(),
               (Lines{"LoadImageW(program, @302, 1, 32, 32, 0)", "CopyImage(loaded, 1, 20, 20, 12)"}));
-    EXPECT_TRUE(HasSize(icon, 20));
+    EXPECT_TRUE(HasSize(icon.get(), 20, 20));
 }
 
 TEST_F(GetScaledIcon, LoadsANewIconEachTime)
@@ -463,7 +437,7 @@ TEST_F(GetScaledIcon, AnIconThatCannotBeStretchedIsReturnedAsItIs)
     const FailNthCall<decltype(::CopyImage)> fail(VxDpiModule(), "user32.dll", "CopyImage", 1, nullptr);
     const OwnedIcon icon(m_icons.GetScaledIcon(12, IDI_16_32));
     EXPECT_EQ(fail.CallCount(), 1);
-    EXPECT_TRUE(HasSize(icon, 16));
+    EXPECT_TRUE(HasSize(icon.get(), 16, 16));
 }
 
 TEST_F(GetScaledIcon, LooksInTheResourceModuleOnly)
@@ -475,6 +449,15 @@ TEST_F(GetScaledIcon, LooksInTheResourceModuleOnly)
     ASSERT_NE(icon, nullptr);
     EXPECT_EQ(PixelsOf(icon.get()).At(8, 8), kOtherColor);
     EXPECT_EQ(m_icons.GetScaledIcon(16, IDI_24_48), nullptr);
+}
+
+TEST_F(GetScaledIcon, LooksInNoOtherLibrary)
+{
+    const ResourceDll dll;
+    const KeepResourceModule keep;
+    AfxSetResourceHandle(FrameworkModule());
+    const CDynLinkLibrary chained(dll.Module(), dll.Module());
+    EXPECT_EQ(m_icons.GetScaledIcon(16, IDI_DLL_SHARED_ID), nullptr);
 }
 
 TEST_F(GetScaledIcon, AThousandIconsLeaveNothingButThemselves)
@@ -515,14 +498,14 @@ TEST_F(CreateAwareIcon, BelowTheDpiOfTheChosenResourceIsItsSmallestSizeShrunk)
 {
     EXPECT_EQ(CallsOfCreate(144),
               (Lines{"LoadImageW(program, @302, 1, 16, 16, 0)", "CopyImage(loaded, 1, 12, 12, 12)"}));
-    EXPECT_TRUE(HasSize(Create(144), 12));
+    EXPECT_TRUE(HasSize(Create(144).get(), 12, 12));
 }
 
 TEST_F(CreateAwareIcon, AboveTheDpiOfEveryResourceTheFirstSizeThatIsLargeEnoughIsStretched)
 {
     EXPECT_EQ(CallsOfCreate(240),
               (Lines{"LoadImageW(program, @302, 1, 24, 24, 0)", "CopyImage(loaded, 1, 20, 20, 12)"}));
-    EXPECT_TRUE(HasSize(Create(240), 20));
+    EXPECT_TRUE(HasSize(Create(240).get(), 20, 20));
 }
 
 TEST_F(CreateAwareIcon, AboveEverySizeOfTheResourceTheLargestOfAllIsAskedOfIt)
@@ -537,7 +520,8 @@ TEST_F(CreateAwareIcon, FollowsTheSystemsDpi)
     OpenIconSet icons;
     icons.AddResourceForDpi(96, IDI_LARGE, {16, 32, 48});
     const OwnedIcon icon(icons.CreateAwareIconSpecifyDpi(TestDpi()));
-    EXPECT_TRUE(HasSize(icon, AtTestDpi(16, 20, 24, 32)));
+    const LONG side = AtTestDpi(16, 20, 24, 32);
+    EXPECT_TRUE(HasSize(icon.get(), side, side));
 }
 
 TEST_F(CreateAwareIcon, ChoosesTheResourceAsTheRegistryDoes)
@@ -578,6 +562,16 @@ TEST_F(CreateAwareIcon, TheSizesAreACopy)
     Create(96);
     EXPECT_EQ(m_icons.CurrentSizes(), Sizes{20});
     EXPECT_EQ(m_icons.Fields().pCurrentSizes, sizes);
+}
+
+TEST_F(CreateAwareIcon, TheListOfSizesKeepsItsMemory)
+{
+    m_icons.AddResourceForDpi(96, IDI_16_32, Sizes(1000, 16));
+    Create(96);
+    const UINT* const sizes = m_icons.CurrentSizes().data();
+    Create(192);
+    EXPECT_EQ(m_icons.CurrentSizes().data(), sizes);
+    EXPECT_GE(m_icons.CurrentSizes().capacity(), 1000u);
 }
 
 TEST_F(CreateAwareIcon, ForNoDpiThereIsNoneAndTheSizesAreThoseOfTheLowest)
@@ -691,7 +685,6 @@ TEST_F(CreateAwareIcon, AThousandRefusalsLeaveNothing)
     EXPECT_NO_LEAK([this] { HundredTimes([this] { Create(0); }); });
 }
 
-// The set has one more resource, so that a size of its own can be loaded without stretching.
 TEST_P(CreateAwareIconOfSize, IsStretchedToTheScaledSize)
 {
     OpenIconSet icons;

@@ -1,7 +1,6 @@
-#include "foundation/LibraryModule.h"
 #include "imaging/RegistryFields.h"
+#include "imaging/ShortMemory.h"
 #include "support/HandleCount.h"
-#include "support/ImportSpy.h"
 
 #include <vxdpi/Images.h>
 
@@ -67,16 +66,6 @@ public:
 
 private:
     int& m_destroyed;
-};
-
-// One allocation of the library fails: its new and its mutexes call malloc, the system's own code does not.
-class ShortMemory : public FailNthCall<void*(std::size_t)>
-{
-public:
-    explicit ShortMemory(int failingCall)
-        : FailNthCall(VxDpiModule(), nullptr, "malloc", failingCall, nullptr)
-    {
-    }
 };
 
 // Makes a registry while one of its two allocations fails.
