@@ -7,6 +7,7 @@
 #include "imaging/BitmapCalls.h"
 #include "imaging/BitmapFields.h"
 #include "imaging/BitmapPictures.h"
+#include "support/HeldContexts.h"
 #include "support/TestPictures.h"
 #include "support/TestResources.h"
 

@@ -483,6 +483,7 @@ TEST_F(ScaleToDpi, ABitmapThatCannotBeMadeGivesNoSizeAndLeavesTheShownOne)
 
 TEST_F(ScaleToDpi, AThousandCallsAtOneDpiLeaveNothing)
 {
+    const HeldContexts held(m_window.Handle());
     m_bitmap.LoadDpiAwareBitmap(96);
     const WindowDpiAnswer answer(96);
     EXPECT_NO_LEAK([this] { HundredTimes([this] { m_bitmap.ScaleToDpi(m_window.Object(), nullptr); }); });
@@ -490,6 +491,7 @@ TEST_F(ScaleToDpi, AThousandCallsAtOneDpiLeaveNothing)
 
 TEST_F(ScaleToDpi, AThousandChangesOfTheDpiLeaveNothing)
 {
+    const HeldContexts held(m_window.Handle());
     m_bitmap.LoadDpiAwareBitmap(96);
     EXPECT_NO_LEAK(
         [this]
@@ -504,6 +506,7 @@ TEST_F(ScaleToDpi, AThousandChangesOfTheDpiLeaveNothing)
 
 TEST_F(ScaleToDpi, AThousandBitmapsTakenOverLeaveNothing)
 {
+    const HeldContexts held(m_window.Handle());
     OpenBitmap bitmap;
     const WindowDpiAnswer answer(96);
     EXPECT_NO_LEAK(
@@ -639,6 +642,7 @@ TEST_F(BitmapScale, TheNextContextOfTheWindowWorks)
 
 TEST_F(BitmapScale, FailuresLeaveNothing)
 {
+    const HeldContexts held(m_window.Handle());
     m_bitmap.LoadDpiAwareBitmap(96);
     EXPECT_NO_LEAK(
         [this]

@@ -1,5 +1,6 @@
 #include "imaging/DpiAwareBitmapFixture.h"
 #include "imaging/HundredTimes.h"
+#include "imaging/ShortMemory.h"
 #include "png/LoadingCalls.h"
 #include "support/HandleCount.h"
 #include "support/ResourceDll.h"
@@ -141,8 +142,27 @@ TEST_F(CDpiAwareBitmapLife, ALifeWithoutUseLeavesNothing)
     EXPECT_NO_LEAK([] { HundredTimes([] { const OpenBitmap bitmap; }); });
 }
 
+TEST_F(CDpiAwareBitmapLife, RefusesEverythingWithoutMemoryForItsSource)
+{
+    std::unique_ptr<OpenBitmap> bitmap;
+    {
+        const ShortMemory shortMemory(3); // after the registry's lock and list
+        bitmap = std::make_unique<OpenBitmap>();
+    }
+    ASSERT_EQ(bitmap->Fields().pSource, nullptr);
+    bitmap->Register(144, IDB_24);
+    EXPECT_EQ(bitmap->LoadDpiAwareBitmap(144), FALSE);
+    EXPECT_EQ(bitmap->Fields().nCurrentDpi, 96u);
+    EXPECT_EQ(bitmap->ScaleToDpi(m_window.Object(), nullptr), FALSE);
+    EXPECT_EQ(bitmap->Scale(m_window.Object(), 4, 4), FALSE);
+    const auto other = DeviceBitmap(4, 4, kWhite);
+    EXPECT_EQ(bitmap->Attach_DpiAware(other.get()), FALSE);
+    EXPECT_EQ(bitmap->Displayed(), nullptr);
+}
+
 TEST_F(CDpiAwareBitmapLife, ALifeWithResourcesLeavesNothing)
 {
+    const HeldContexts held(m_window.Handle());
     EXPECT_NO_LEAK(
         [this]
         {
