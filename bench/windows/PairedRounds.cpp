@@ -108,9 +108,9 @@ bool Report(const Pair& pair)
     constexpr double kMicrosecondsPerSecond = 1e6;
     const Outcome outcome = Measure(pair);
     const bool isMet = outcome.ratio <= pair.target;
-    std::printf("| %s | %s | %.3f | %.3f to %.3f | at most %.2f | %s | %.1f us |\n", pair.number, pair.name,
+    std::printf("| %s | %s | %.3f | %.3f to %.3f | at most %.2f | %s%s | %.2f us |\n", pair.number, pair.name,
                 outcome.ratio, outcome.low, outcome.high, pair.target, isMet ? "met" : "MISSED",
-                outcome.byHandSeconds * kMicrosecondsPerSecond);
+                IsUnsure(outcome) ? ", unsure" : "", outcome.byHandSeconds * kMicrosecondsPerSecond);
     std::fflush(stdout);
     return isMet;
 }

@@ -113,7 +113,7 @@ public:
     void SplitDisabled() { DestroyAll(m_split.CreateDisabledStylePngSplit(kScaled)); }
     void SplitByHand(StripStyle style) const
     {
-        DestroyAll(ByHand::SplitPng(m_nResourceId, m_nCellSize, m_nCellSize * 3 / 2, style));
+        DestroyAll(ByHand::SplitPng(m_nResourceId, m_nCellSize, kScaled, style));
     }
 
 private:

@@ -143,8 +143,8 @@ HICON ConvertFixed(Gdiplus::Bitmap& bitmap)
     const HBITMAP hMask = ::CreateBitmap(nSize, nSize, 1, 1, nullptr);
     const HGDIOBJ hOldColor = ::SelectObject(hdcColor, hColor);
     const HGDIOBJ hOldMask = ::SelectObject(hdcMask, hMask);
-    auto graphics = std::make_unique<Gdiplus::Graphics>(hdcColor);
-    graphics->DrawImage(&bitmap, 0, 0, nSize, nSize);
+    Gdiplus::Graphics graphics(hdcColor); // ends after its context
+    graphics.DrawImage(&bitmap, 0, 0, nSize, nSize);
     DrawMask(hdcMask, bitmap, nSize);
     const HICON hIcon = CreateIconOf(hMask, hColor);
 
@@ -269,8 +269,10 @@ std::unique_ptr<Gdiplus::Bitmap> ByHand::LockPixels(UINT nResourceId)
     return decoded;
 }
 
-std::vector<HICON> ByHand::SplitPng(UINT nResourceId, int nCellSize, int nTargetSize, StripStyle style)
+std::vector<HICON> ByHand::SplitPng(UINT nResourceId, int nCellSize, int nDpi, StripStyle style)
 {
+    constexpr int kBaseDpi = 96;
+    const int nTargetSize = ::MulDiv(nCellSize, nDpi, kBaseDpi);
     const std::unique_ptr<Gdiplus::Bitmap> strip = LoadStrip(nResourceId);
     const int nCount = static_cast<int>(strip->GetWidth()) / nCellSize;
     std::vector<HICON> icons;

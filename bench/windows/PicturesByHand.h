@@ -27,5 +27,6 @@ enum class StripStyle
     Disabled
 };
 
-std::vector<HICON> SplitPng(UINT nResourceId, int nCellSize, int nTargetSize, StripStyle style);
+/// The strip is one of 96 DPI.
+std::vector<HICON> SplitPng(UINT nResourceId, int nCellSize, int nDpi, StripStyle style);
 } // namespace ByHand
