@@ -15,8 +15,8 @@ constexpr double kShortestSample = 0.0002; // seconds
 constexpr int kRuns = 3;
 constexpr int kRoundsWhenUnsure = 801;
 constexpr double kWidestInterval = 0.04;
-constexpr double kTimeForMoreRounds = 8; // seconds
-constexpr double kRankFactor = 0.98;     // half of 1.96 standard deviations of a rank, which are sqrt(n) / 2
+constexpr double kTimeForMoreRounds = 20; // seconds
+constexpr double kRankFactor = 0.98;      // half of 1.96 standard deviations of a rank, which are sqrt(n) / 2
 
 double Seconds()
 {

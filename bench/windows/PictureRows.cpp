@@ -15,7 +15,6 @@ using ByHand::StripStyle;
 
 constexpr double kTarget = 1.02;
 constexpr int kRounds = 201;
-constexpr int kRoundsOfStrip = 101;
 constexpr int kRoundsOfSlowRow = 51;
 constexpr UINT kBase = 96;
 constexpr UINT kScaled = 144;
@@ -127,15 +126,14 @@ void VisitStrips(const Visit& visit)
     Strip twentySmall(IDR_STRIP_20_96, 16);
     Strip fiveLarge(IDR_STRIP_5_384, 64);
     Strip twentyLarge(IDR_STRIP_20_384, 64);
-    visit({"5", "CreatePngSplit, 20 x 16 px at 144 DPI", kTarget, kRoundsOfStrip, 1,
+    visit({"5", "CreatePngSplit, 20 x 16 px at 144 DPI", kTarget, kRounds, 1,
            [&] { twentySmall.Split(FALSE); }, [&] { twentySmall.SplitByHand(StripStyle::Plain); }});
-    visit({"6", "CreatePngSplit, fixed, 20 x 16 px at 144 DPI", kTarget, kRoundsOfStrip, 1,
+    visit({"6", "CreatePngSplit, fixed, 20 x 16 px at 144 DPI", kTarget, kRounds, 1,
            [&] { twentySmall.Split(TRUE); }, [&] { twentySmall.SplitByHand(StripStyle::Fixed); }});
-    visit({"6", "CreatePngSplit, fixed, 5 x 64 px at 144 DPI", kTarget, kRoundsOfStrip, 1,
+    visit({"6", "CreatePngSplit, fixed, 5 x 64 px at 144 DPI", kTarget, kRounds, 1,
            [&] { fiveLarge.Split(TRUE); }, [&] { fiveLarge.SplitByHand(StripStyle::Fixed); }});
-    visit({"7", "CreateDisabledStylePngSplit, 20 x 64 px at 144 DPI, against no loops", kTarget,
-           kRoundsOfStrip, 1, [&] { twentyLarge.SplitDisabled(); },
-           [&] { twentyLarge.SplitByHand(StripStyle::Disabled); }});
+    visit({"7", "CreateDisabledStylePngSplit, 20 x 64 px at 144 DPI, against no loops", kTarget, kRounds, 1,
+           [&] { twentyLarge.SplitDisabled(); }, [&] { twentyLarge.SplitByHand(StripStyle::Disabled); }});
 }
 
 void VisitIcons(const Visit& visit)
