@@ -87,6 +87,23 @@ private:
                                            }};
 };
 
+// A dialog that gives up when it is asked for its icon.
+class FragileDialog : public StepDialog
+{
+protected:
+    afx_msg LRESULT OnGetIcon(WPARAM, LPARAM)
+    {
+        DestroyWindow();
+        return 0;
+    }
+
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(FragileDialog, StepDialog)
+    ON_MESSAGE(WM_GETICON, &FragileDialog::OnGetIcon)
+END_MESSAGE_MAP()
+
 // Fails as asked, 31 times without anything left.
 template<class MakeFailure>
 void ExpectFailureWithoutTrace(MakeFailure makeFailure)
@@ -143,6 +160,38 @@ TEST(ScrollFrameFailures, ADialogThatHasAWindowAlreadyIsRefusedAndKeepsIt)
     EXPECT_EQ(dialog.Run({}, Steps()), 0);
     EXPECT_EQ(dialog.m_hWnd, hBefore);
     EXPECT_TRUE(::IsWindow(hBefore));
+}
+
+TEST(ScrollFrameFailures, ADialogThatIsGoneBeforeTheViewIsMadeIsAFailure)
+{
+    MainWindow mainWindow;
+    FragileDialog dialog;
+    const ImportSpy<decltype(::CreateWindowExW)> create(FrameworkModule(), "user32.dll", "CreateWindowExW");
+    EXPECT_EQ(dialog.Run(dialog.BothButtons(), Steps()), 0);
+    EXPECT_EQ(create.CallCount(), 4); // the dialog's three and the frame
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+    EXPECT_TRUE(mainWindow.Object()->IsWindowEnabled());
+}
+
+TEST(ScrollFrameFailures, ADialogThatIsGoneWhenTheBarsAreMadeIsAFailure)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    const ImportSpy<decltype(::CreateWindowExW)> create(
+        FrameworkModule(), "user32.dll", "CreateWindowExW",
+        [&](DWORD dwExStyle, LPCWSTR pszClass, LPCWSTR pszName, DWORD dwStyle, int x, int y, int cx, int cy,
+            HWND hParent, HMENU hMenu, HINSTANCE hInstance, LPVOID pParameter)
+        {
+            if (create.CallCount() == 7)
+                dialog.DestroyWindow();
+            return create.Original()(dwExStyle, pszClass, pszName, dwStyle, x, y, cx, cy, hParent, hMenu,
+                                     hInstance, pParameter);
+        });
+    const ImportSpy<decltype(::SetParent)> adopt(FrameworkModule(), "user32.dll", "SetParent");
+    EXPECT_EQ(dialog.Run(dialog.BothButtons(), Steps()), 0);
+    EXPECT_EQ(create.CallCount(), 7);
+    EXPECT_EQ(adopt.CallCount(), 0);
+    EXPECT_TRUE(mainWindow.Object()->IsWindowEnabled());
 }
 
 TEST(ScrollFrameFailures, AStyleThatCannotBeWrittenEndsTheDialogWithTheView)
