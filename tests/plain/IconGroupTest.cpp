@@ -78,6 +78,7 @@ const Choice kNone(0, 0);
 std::vector<Entry> Squares(const std::vector<int>& sizes)
 {
     std::vector<Entry> entries;
+    entries.reserve(sizes.size());
     for (const int size : sizes)
         entries.push_back({size, size, 101 + static_cast<int>(entries.size())});
     return entries;

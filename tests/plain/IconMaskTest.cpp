@@ -27,6 +27,7 @@ std::vector<int> BitsOf(const std::vector<BYTE>& mask)
 std::vector<int> ModelBits(const std::vector<DWORD>& pixels)
 {
     std::vector<int> bits;
+    bits.reserve(pixels.size() + 7);
     for (const DWORD pixel : pixels)
         bits.push_back(pixel < 0x01000000 ? 1 : 0);
     while (bits.size() % 8 != 0)
@@ -47,7 +48,7 @@ std::vector<BYTE> MaskBy(Packer pack, const std::vector<DWORD>& pixels)
 
 std::vector<BYTE> Mask(const std::vector<DWORD>& pixels)
 {
-    const std::vector<BYTE> mask = MaskBy(IconMask::Pack, pixels);
+    std::vector<BYTE> mask = MaskBy(IconMask::Pack, pixels);
     EXPECT_EQ(mask, MaskBy(IconMask::PackPlain, pixels));
     return mask;
 }
@@ -65,6 +66,18 @@ std::vector<DWORD> RandomPixels(std::size_t count, unsigned seed)
 }
 
 constexpr std::size_t kLongestRun = 49; // three blocks of sixteen and one more
+
+std::vector<DWORD> RunWith(DWORD alpha, std::size_t place, DWORD surrounding)
+{
+    std::vector<DWORD> pixels(kLongestRun, surrounding);
+    pixels[place] = alpha << 24 | 0x00A1B2C3;
+    return pixels;
+}
+
+void ExpectModelBits(const std::vector<DWORD>& pixels)
+{
+    EXPECT_EQ(BitsOf(Mask(pixels)), ModelBits(pixels)) << testing::PrintToString(pixels);
+}
 }
 
 TEST(IconMask, HasOneBitForEachPixelAndWholeBytes)
@@ -74,9 +87,9 @@ TEST(IconMask, HasOneBitForEachPixelAndWholeBytes)
     EXPECT_EQ(IconMask::ByteCount(7), 1u);
     EXPECT_EQ(IconMask::ByteCount(8), 1u);
     EXPECT_EQ(IconMask::ByteCount(9), 2u);
-    EXPECT_EQ(IconMask::ByteCount(16 * 16), 32u);
-    EXPECT_EQ(IconMask::ByteCount(20 * 20), 50u);
-    EXPECT_EQ(IconMask::ByteCount(15 * 15), 29u);
+    EXPECT_EQ(IconMask::ByteCount(256), 32u);
+    EXPECT_EQ(IconMask::ByteCount(400), 50u);
+    EXPECT_EQ(IconMask::ByteCount(225), 29u);
 }
 
 TEST(IconMask, ASetBitIsATransparentPixel)
@@ -111,7 +124,7 @@ TEST(IconMask, AHalfTransparentPixelIsDrawn)
 // Rows of 20 pixels whose first pixel alone is drawn start at bits 0, 20, 40 and 60.
 TEST(IconMask, RowsFollowEachOtherWithoutPadding)
 {
-    std::vector<DWORD> pixels(20 * 4, kTransparent);
+    std::vector<DWORD> pixels(80, kTransparent);
     for (std::size_t row = 0; row < 4; ++row)
         pixels[row * 20] = kDrawn;
     EXPECT_EQ(Mask(pixels), (std::vector<BYTE>{0x7F, 0xFF, 0xF7, 0xFF, 0xFF, 0x7F, 0xFF, 0xF7, 0xFF, 0xFF}));
@@ -129,16 +142,12 @@ TEST(IconMask, OnlyTheAlphaDecidesWhateverTheColourIs)
 
 TEST(IconMask, EveryAlphaAtEveryPlaceOfARunAgreesWithTheModel)
 {
-    for (const DWORD surrounding : {kDrawn, kTransparent})
+    for (std::size_t place = 0; place < kLongestRun; ++place)
     {
-        for (std::size_t place = 0; place < kLongestRun; ++place)
+        for (DWORD alpha = 0; alpha < 256; ++alpha)
         {
-            std::vector<DWORD> pixels(kLongestRun, surrounding);
-            for (DWORD alpha = 0; alpha < 256; ++alpha)
-            {
-                pixels[place] = alpha << 24 | 0x00A1B2C3;
-                ASSERT_EQ(BitsOf(Mask(pixels)), ModelBits(pixels)) << "alpha " << alpha << " at " << place;
-            }
+            ExpectModelBits(RunWith(alpha, place, kDrawn));
+            ExpectModelBits(RunWith(alpha, place, kTransparent));
         }
     }
 }
