@@ -97,6 +97,7 @@ int CDrawBoard::DrawImageToBoard(UINT imageId, CPoint pt)
     return DrawStretched(m_pGraphics, pImage, m_mapping.ToDevice(NaturalPlace(*pImage, nChosenDpi, pt)));
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value is part of the interface.
 int CDrawBoard::DrawImage(HDC hdc, const CRect& rc, std::function<int()> compose)
 {
     if (!CreateDrawBoardGraphics(CSize(WrappingWidth(rc), WrappingHeight(rc))))
@@ -108,6 +109,7 @@ int CDrawBoard::DrawImage(HDC hdc, const CRect& rc, std::function<int()> compose
     return target.DrawImage(m_pBoard, topLeft.X, topLeft.Y) == Gdiplus::Ok;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): by value is part of the interface.
 int CDrawBoard::DrawImage(CStatic& ctrl, std::function<int()> compose)
 {
     CRect rcClient;

@@ -93,22 +93,28 @@ TEST(Premultiplication, EveryAlphaAndColourInEachChannelAgreeWithTheModel)
     }
 }
 
+namespace
+{
+void ExpectTheModelAtEveryPlace(DWORD others, DWORD alpha)
+{
+    for (std::size_t place = 0; place < 17; ++place)
+    {
+        Pixels pixels(17, others);
+        pixels[place] = alpha << 24 | 0x00F0E1D2;
+        const Pixels expected = Model(pixels);
+        Premultiplication::PremultiplyRun(pixels.data(), pixels.size());
+        ASSERT_EQ(pixels, expected) << "alpha " << alpha << " at " << place;
+    }
+}
+} // namespace
+
 // A block whose other pixels need no change may be left as it is only without the one that does.
 TEST(Premultiplication, EveryAlphaAtEveryPlaceOfARunAgreesWithTheModel)
 {
     for (const DWORD others : {0xFF99AABBu, 0x0099AABBu, 0x7F99AABBu})
     {
         for (DWORD alpha = 0; alpha < 256; ++alpha)
-        {
-            for (std::size_t place = 0; place < 17; ++place)
-            {
-                Pixels pixels(17, others);
-                pixels[place] = alpha << 24 | 0x00F0E1D2;
-                const Pixels expected = Model(pixels);
-                Premultiplication::PremultiplyRun(pixels.data(), pixels.size());
-                ASSERT_EQ(pixels, expected) << "alpha " << alpha << " at " << place;
-            }
-        }
+            ExpectTheModelAtEveryPlace(others, alpha);
     }
 }
 

@@ -16,9 +16,11 @@ struct Variant
 UINT ChosenDpi(const std::vector<UINT>& drawnDpis, UINT nDpi)
 {
     std::vector<Variant> variants;
+    variants.reserve(drawnDpis.size());
     for (const UINT nDrawnDpi : drawnDpis)
         variants.push_back({nDrawnDpi});
     std::vector<Variant*> pointers;
+    pointers.reserve(variants.size());
     for (Variant& variant : variants)
         pointers.push_back(&variant);
     const Variant* const pChosen = VariantChoice::Choose(pointers, nDpi);
