@@ -113,6 +113,17 @@ TEST_F(ScrollManagerCalls, AWindowThatWasNeverMeasuredIsNotScrolled)
     EXPECT_EQ(m_log.Lines(), Lines{});
 }
 
+TEST_F(ScrollManagerCalls, AWindowWhoseContentFitsIsNotScrolled)
+{
+    const WindowDpiAnswer dpi(96);
+    Create(CScrollManager::WindowScrollBars);
+    m_manager.UpdateScrollBars(500, 500);
+    const Scrolling calls(m_log);
+    m_manager.StartVScroll(SB_LINEDOWN, 0, nullptr);
+    m_manager.StartHScroll(SB_THUMBTRACK, 50, nullptr);
+    EXPECT_EQ(m_log.Lines(), Lines{});
+}
+
 TEST_F(ScrollManagerCalls, AMoveOfNothingMakesNoCall)
 {
     const WindowDpiAnswer dpi(96);
