@@ -191,6 +191,21 @@ TEST_F(ScrollManagerCalls, WithControlsTheirNumbersAreSetAndTheWindowsOwnLeftAlo
     EXPECT_NE(own.nMax, 319);
 }
 
+TEST_F(ScrollManagerCalls, AGrownPagePullsTheContentAlongByItsControl)
+{
+    const WindowDpiAnswer dpi(96);
+    Create(CScrollManager::ScrollBarControls);
+    m_manager.UpdateScrollBars(200, 150);
+    m_manager.StartHScroll(SB_THUMBTRACK, 120, &m_hBar);
+    m_manager.StartVScroll(SB_THUMBTRACK, 70, &m_vBar);
+    const Scrolling calls(m_log);
+    m_manager.UpdateScrollBars(210, 170);
+    EXPECT_EQ(m_log.Lines(),
+              (Lines{"ShowScrollBar(hBar, 2, 1)", "ShowScrollBar(vBar, 2, 1)",
+                     "SetScrollPos(hBar, 2, 110, 1)", "ScrollWindow(target, 10, 0, null, null)",
+                     "SetScrollPos(vBar, 2, 50, 1)", "ScrollWindow(target, 0, 20, null, null)"}));
+}
+
 TEST_F(ScrollManagerCalls, WhatWasScrolledComesBackWhereNoBarIsNeeded)
 {
     const WindowDpiAnswer dpi(96);
