@@ -76,7 +76,7 @@ UINT ModelDpi(const std::vector<UINT>& dpis, UINT dpi)
     bool isAbove = false;
     for (const UINT held : dpis)
     {
-        largest = std::max(largest, held);
+        largest = (std::max)(largest, held);
         if (held >= dpi && (!isAbove || held < smallestAbove))
         {
             isAbove = true;

@@ -119,7 +119,7 @@ int ModelPosition(int position, int scene, int board, float scale)
 
 Place ModelPlace(const CSize& scene, const CSize& board, const CRect& rc)
 {
-    const float scale = std::min(ModelScale(scene.cx, board.cx), ModelScale(scene.cy, board.cy));
+    const float scale = (std::min)(ModelScale(scene.cx, board.cx), ModelScale(scene.cy, board.cy));
     const int left = ModelPosition(rc.left, scene.cx, board.cx, scale);
     const int top = ModelPosition(rc.top, scene.cy, board.cy, scale);
     const int right = ModelPosition(rc.right, scene.cx, board.cx, scale);

@@ -182,13 +182,13 @@ TEST(ScrollFrameScenario, KeysScrollOnABarThatHasTheFocus)
                     },
                     [&]
                     {
-                        down = std::min(8 + page, limit);
+                        down = (std::min)(8 + page, limit);
                         EXPECT_EQ(TopOfContent(dialog), -down);
                         TypeKey(VK_PRIOR);
                     },
                     [&]
                     {
-                        up = std::max(down - page, 0L);
+                        up = (std::max)(down - page, 0L);
                         EXPECT_EQ(TopOfContent(dialog), -up);
                         TypeKey(VK_END); // there is no jump
                     },

@@ -76,7 +76,7 @@ Bytes ZlibStored(const Bytes& raw)
     Bytes zlib = {0x78, 0x01};
     for (std::size_t start = 0; start < raw.size(); start += kBlockSize)
     {
-        const std::size_t size = std::min(kBlockSize, raw.size() - start);
+        const std::size_t size = (std::min)(kBlockSize, raw.size() - start);
         zlib.push_back(start + size == raw.size() ? 1 : 0);
         AppendLittle(zlib, static_cast<std::uint32_t>(size), 2);
         AppendLittle(zlib, ~static_cast<std::uint32_t>(size), 2);

@@ -68,7 +68,7 @@ int LargestChannelDifference(std::uint32_t left, std::uint32_t right)
     {
         const int leftChannel = static_cast<int>(left >> shift & 0xff);
         const int rightChannel = static_cast<int>(right >> shift & 0xff);
-        largest = std::max(largest, std::abs(leftChannel - rightChannel));
+        largest = (std::max)(largest, std::abs(leftChannel - rightChannel));
     }
     return largest;
 }
