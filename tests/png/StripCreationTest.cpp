@@ -246,6 +246,13 @@ TEST_P(AnyStripCreation, WithoutValuesNothingIsLoaded)
     EXPECT_EQ(ResourceCallsOf(96), Lines{});
 }
 
+TEST_P(AnyStripCreation, WithoutValuesAResourceDrawnFor0DpiIsNotLoaded)
+{
+    Register(0, IDR_PNG_STRIP_16, {});
+    EXPECT_EQ(Create(96), 0u);
+    EXPECT_EQ(ResourceCallsOf(96), Lines{});
+}
+
 TEST_P(AnyStripCreation, TheFirstValueIsTheLengthOfACell)
 {
     Register(96, IDR_PNG_STRIP_16, {16, 32});
