@@ -1,9 +1,9 @@
-# Installs the library, moves the package, builds the application of this folder from it and runs it. The application of
-# the guide for beginners is built, too:
+# Installs the library's debug and release forms into one package, moves it, builds the application of this folder from
+# it in both and runs it. The application of the guide for beginners is built, too:
 #
 #   cmake -D BUILD_DIR=... -D CONFIG=... [-D REPORT=...] -P TestPackage.cmake
 #
-#   BUILD_DIR  build of the library, in which CONFIG is built
+#   BUILD_DIR  build of the library, in which CONFIG is built; its counterpart is built here unless it is already
 #   REPORT     file for the results, in the form of GoogleTest's XML reports
 cmake_minimum_required(VERSION 3.25)
 
@@ -14,6 +14,10 @@ load_cache(${BUILD_DIR} READ_WITH_PREFIX build_ CMAKE_GENERATOR CMAKE_GENERATOR_
 set(work_dir ${BUILD_DIR}/package-test/${CONFIG})
 set(package_dir ${work_dir}/moved/elsewhere)
 set(consumer_dir ${work_dir}/consumer)
+set(other_config Debug)
+if(CONFIG STREQUAL Debug)
+    set(other_config RelWithDebInfo)
+endif()
 
 set(cases "")
 set(failures 0)
@@ -54,11 +58,40 @@ macro(report_needed name)
     endif()
 endmacro()
 
+# What a configuration has for itself. The package's other files are the same in both.
+function(list_own_files prefix output_variable)
+    file(GLOB_RECURSE files RELATIVE ${prefix} ${prefix}/bin/* ${prefix}/lib/*)
+    list(FILTER files EXCLUDE REGEX ^lib/cmake/)
+    set(${output_variable} ${files} PARENT_SCOPE)
+endfunction()
+
 macro(install_and_move)
     file(REMOVE_RECURSE ${work_dir})
-    report_needed(Installs ${CMAKE_COMMAND} --install ${BUILD_DIR} --config ${CONFIG} --prefix ${work_dir}/installed)
+    report_needed(CounterpartIsBuilt ${CMAKE_COMMAND} --build ${BUILD_DIR} --config ${other_config} --target vxdpi)
+    foreach(config IN ITEMS ${CONFIG} ${other_config})
+        report_needed(Installs${config} ${CMAKE_COMMAND} --install ${BUILD_DIR} --config ${config}
+            --prefix ${work_dir}/only-${config})
+        list_own_files(${work_dir}/only-${config} files_of_${config})
+        report_needed(Installs${config}BesideTheOther ${CMAKE_COMMAND} --install ${BUILD_DIR} --config ${config}
+            --prefix ${work_dir}/installed)
+    endforeach()
     file(MAKE_DIRECTORY ${work_dir}/moved)
     file(RENAME ${work_dir}/installed ${package_dir})
+endmacro()
+
+# Otherwise the configuration that is installed later would take the other's place.
+macro(check_own_files)
+    set(shared "")
+    foreach(file IN LISTS files_of_${CONFIG})
+        if(file IN_LIST files_of_${other_config})
+            string(APPEND shared "${file}\n")
+        endif()
+    endforeach()
+    if(files_of_${CONFIG} AND files_of_${other_config} AND shared STREQUAL "")
+        report(DebugAndReleaseShareNoFile TRUE "")
+    else()
+        report(DebugAndReleaseShareNoFile FALSE "${files_of_${CONFIG}}\n${files_of_${other_config}}\n${shared}")
+    endif()
 endmacro()
 
 # The text files of the package must not tell where they were made.
@@ -78,34 +111,6 @@ macro(check_paths)
         report(NamesNoFolderOfTheBuild TRUE "")
     else()
         report(NamesNoFolderOfTheBuild FALSE "${found}")
-    endif()
-endmacro()
-
-# Debug and release have no file in common. What is not built stands in as empty files beside what was installed, so
-# that the choice between the two can be tested without it.
-macro(add_other_configuration)
-    set(other Debug)
-    if(CONFIG STREQUAL Debug)
-        set(other RelWithDebInfo)
-    endif()
-    string(TOLOWER ${other} name)
-    file(GLOB targets_file ${BUILD_DIR}/CMakeFiles/Export/*/vxdpiTargets-${name}.cmake)
-    file(READ ${targets_file} text)
-    string(REGEX MATCHALL "_IMPORT_PREFIX}[^\" ]+" files "${text}")
-    list(REMOVE_DUPLICATES files)
-    set(shared "")
-    foreach(file IN LISTS files)
-        string(REPLACE "_IMPORT_PREFIX}" ${package_dir} file ${file})
-        if(EXISTS ${file})
-            string(APPEND shared "${file}\n")
-        endif()
-        file(APPEND ${file} "")
-    endforeach()
-    file(COPY ${targets_file} DESTINATION ${package_dir}/lib/cmake/vxdpi)
-    if(files AND shared STREQUAL "")
-        report(DebugAndReleaseShareNoFile TRUE "")
-    else()
-        report(DebugAndReleaseShareNoFile FALSE "${shared}")
     endif()
 endmacro()
 
@@ -135,25 +140,25 @@ macro(check_library_of config file)
 endmacro()
 
 # The program is run as the tests are: at a DPI that is not the base, and away from Windows in a session.
-macro(run_consumer)
-    set(command ${consumer_dir}/${CONFIG}/consumer.exe)
+macro(run_consumer config)
+    set(command ${consumer_dir}/${config}/consumer.exe)
     if(NOT CMAKE_HOST_WIN32)
         list(PREPEND command ${root}/platform/wine/session --dpi 144 --timeout 60 --)
     endif()
     execute_process(COMMAND ${command} RESULT_VARIABLE status OUTPUT_VARIABLE output ERROR_VARIABLE output)
     if(NOT status EQUAL 0)
-        report(ProgramEndsWell FALSE "exit code ${status}\n${output}")
+        report(${config}ProgramEndsWell FALSE "exit code ${status}\n${output}")
     else()
-        report(ProgramEndsWell TRUE "")
+        report(${config}ProgramEndsWell TRUE "")
     endif()
     file(GLOB headers RELATIVE ${package_dir}/include/vxdpi ${package_dir}/include/vxdpi/*.h)
     list(REMOVE_ITEM headers Export.h GdiPlus.h VxDpi.h)
     foreach(header IN LISTS headers ITEMS DpiImages)
         get_filename_component(family ${header} NAME_WE)
         if(output MATCHES "ok ${family}\r?\n")
-            report(ProgramUses${family} TRUE "")
+            report(${config}ProgramUses${family} TRUE "")
         else()
-            report(ProgramUses${family} FALSE "${output}")
+            report(${config}ProgramUses${family} FALSE "${output}")
         endif()
     endforeach()
 endmacro()
@@ -207,15 +212,17 @@ endmacro()
 
 check_port()
 install_and_move()
+check_own_files()
 check_paths()
-add_other_configuration()
 check_refusals()
 configure_consumer()
 check_library_of(Debug vxdpid.dll)
 check_library_of(Release vxdpi.dll)
 check_library_of(RelWithDebInfo vxdpi.dll)
-report_needed(ProgramIsBuilt ${CMAKE_COMMAND} --build ${consumer_dir} --config ${CONFIG})
-run_consumer()
+foreach(config IN ITEMS ${CONFIG} ${other_config})
+    report_needed(${config}ProgramIsBuilt ${CMAKE_COMMAND} --build ${consumer_dir} --config ${config})
+    run_consumer(${config})
+endforeach()
 report_needed(FirstApplicationIsConfigured ${CMAKE_COMMAND} -S ${root}/examples/getting-started -B ${work_dir}/first
     ${settings})
 report_needed(FirstApplicationIsBuilt ${CMAKE_COMMAND} --build ${work_dir}/first --config ${CONFIG})
