@@ -2,6 +2,7 @@
 
 #include "drawboard/BoardCalls.h"
 #include "drawboard/BoardFields.h"
+#include "foundation/ResourceFailures.h"
 #include "support/GdiPlusSession.h"
 #include "support/HandleCount.h"
 #include "support/Pixels.h"
@@ -78,26 +79,6 @@ CallLog::LineList CallsAfter(std::size_t first, const CallLog::LineList& others)
     lines.insert(lines.end(), others.begin(), others.end());
     return lines;
 }
-
-template<typename Signature>
-class FailKernelCall : public FailNthCall<Signature>
-{
-public:
-    template<typename Failure>
-    FailKernelCall(const char* functionName, Failure failure)
-        : FailNthCall<Signature>(VxDpiModule(), "kernel32.dll", functionName,
-                                 FailNthCall<Signature>::kEveryCall, failure)
-    {
-    }
-};
-
-class FailStream : public FailNthCall<decltype(::CreateStreamOnHGlobal)>
-{
-public:
-    FailStream() : FailNthCall(VxDpiModule(), "ole32.dll", "CreateStreamOnHGlobal", kEveryCall, E_OUTOFMEMORY)
-    {
-    }
-};
 
 // Fails once, then lets the same object load its image.
 template<typename Failure, typename... Args>

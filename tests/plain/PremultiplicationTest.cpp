@@ -1,17 +1,14 @@
 #include <png/Premultiplication.h>
 
+#include "PixelOperation.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <random>
-#include <vector>
 
 namespace
 {
-using Pixels = std::vector<DWORD>;
-
-constexpr DWORD kUntouched = 0x40CDCDCD;
-
 DWORD ModelChannel(DWORD color, DWORD alpha)
 {
     return alpha > 0 && alpha < 255 ? (color * alpha + 127) / 255 : color;
@@ -26,18 +23,18 @@ DWORD ModelPixel(DWORD pixel)
     return ((alpha * 256 + red) * 256 + green) * 256 + blue;
 }
 
-Pixels Model(Pixels pixels)
+PixelList Model(PixelList pixels)
 {
     std::transform(pixels.begin(), pixels.end(), pixels.begin(), ModelPixel);
     return pixels;
 }
 
 // A third each: opaque, fully transparent, any alpha.
-Pixels RandomPixels(std::size_t count, unsigned seed)
+PixelList RandomPixels(std::size_t count, unsigned seed)
 {
     std::mt19937 random(seed);
     std::uniform_int_distribution<DWORD> anyPixel;
-    Pixels pixels(count);
+    PixelList pixels(count);
     for (DWORD& pixel : pixels)
     {
         pixel = anyPixel(random);
@@ -51,15 +48,20 @@ Pixels RandomPixels(std::size_t count, unsigned seed)
 }
 
 // Every pair of an alpha and a colour, the colour in the channel that starts at this bit.
-Pixels AllPairs(int shift)
+PixelList AllPairs(int shift)
 {
-    Pixels pixels;
+    PixelList pixels;
     for (DWORD alpha = 0; alpha < 256; ++alpha)
     {
         for (DWORD color = 0; color < 256; ++color)
             pixels.push_back(alpha << 24 | (0x00A53CE7u & ~(0xFFu << shift)) | color << shift);
     }
     return pixels;
+}
+
+PixelOperation OperationUnderTest()
+{
+    return {ModelPixel, RandomPixels, Premultiplication::PremultiplyRun, Premultiplication::PremultiplyImage};
 }
 } // namespace
 
@@ -83,9 +85,9 @@ TEST(Premultiplication, EveryAlphaAndColourInEachChannelAgreeWithTheModel)
 {
     for (const int shift : {0, 8, 16})
     {
-        Pixels plain = AllPairs(shift);
-        Pixels inBlocks = plain;
-        const Pixels expected = Model(plain);
+        PixelList plain = AllPairs(shift);
+        PixelList inBlocks = plain;
+        const PixelList expected = Model(plain);
         Premultiplication::PremultiplyRunPlain(plain.data(), plain.size());
         Premultiplication::PremultiplyRun(inBlocks.data(), inBlocks.size());
         EXPECT_EQ(plain, expected) << "channel " << shift;
@@ -99,9 +101,9 @@ void ExpectTheModelAtEveryPlace(DWORD others, DWORD alpha)
 {
     for (std::size_t place = 0; place < 17; ++place)
     {
-        Pixels pixels(17, others);
+        PixelList pixels(17, others);
         pixels[place] = alpha << 24 | 0x00F0E1D2;
-        const Pixels expected = Model(pixels);
+        const PixelList expected = Model(pixels);
         Premultiplication::PremultiplyRun(pixels.data(), pixels.size());
         ASSERT_EQ(pixels, expected) << "alpha " << alpha << " at " << place;
     }
@@ -120,7 +122,7 @@ TEST(Premultiplication, EveryAlphaAtEveryPlaceOfARunAgreesWithTheModel)
 
 namespace
 {
-bool AreAllUnchanged(const Pixels& eight)
+bool AreAllUnchanged(const PixelList& eight)
 {
     const __m128i* const pPixels = reinterpret_cast<const __m128i*>(eight.data());
     return Premultiplication::AreAllUnchanged(_mm_loadu_si128(pPixels), _mm_loadu_si128(pPixels + 1));
@@ -130,16 +132,16 @@ bool AreAllUnchanged(const Pixels& eight)
 // What need not be stored is most of an icon.
 TEST(Premultiplication, EightPixelsAreUnchangedWithoutOneThatIsPartlyTransparent)
 {
-    EXPECT_TRUE(AreAllUnchanged(Pixels(8, 0x00FFFFFF)));
-    EXPECT_TRUE(AreAllUnchanged(Pixels(8, 0xFFFFFFFF)));
-    EXPECT_TRUE(AreAllUnchanged(Pixels(8, 0xFF000000)));
+    EXPECT_TRUE(AreAllUnchanged(PixelList(8, 0x00FFFFFF)));
+    EXPECT_TRUE(AreAllUnchanged(PixelList(8, 0xFFFFFFFF)));
+    EXPECT_TRUE(AreAllUnchanged(PixelList(8, 0xFF000000)));
     EXPECT_TRUE(
         AreAllUnchanged({0, 0xFF123456, 0x00123456, 0xFF000000, 0xFF000001, 0, 0x00800000, 0xFF800000}));
     for (DWORD alpha = 1; alpha < 255; ++alpha)
     {
         for (std::size_t place = 0; place < 8; ++place)
         {
-            Pixels pixels(8, place % 2 == 0 ? 0xFF0A0B0C : 0x000A0B0C);
+            PixelList pixels(8, place % 2 == 0 ? 0xFF0A0B0C : 0x000A0B0C);
             pixels[place] = alpha << 24;
             ASSERT_FALSE(AreAllUnchanged(pixels)) << "alpha " << alpha << " at " << place;
         }
@@ -148,86 +150,32 @@ TEST(Premultiplication, EightPixelsAreUnchangedWithoutOneThatIsPartlyTransparent
 
 TEST(Premultiplication, RunsOfEveryLengthAgreeWithTheModelAndTouchNothingBehindTheirEnd)
 {
-    for (std::size_t count = 0; count <= 80; ++count)
-    {
-        Pixels pixels = RandomPixels(count, static_cast<unsigned>(count));
-        Pixels expected = Model(pixels);
-        pixels.resize(count + 8, kUntouched);
-        expected.resize(count + 8, kUntouched);
-        Premultiplication::PremultiplyRun(pixels.data(), count);
-        ASSERT_EQ(pixels, expected) << count;
-    }
+    OperationUnderTest().ExpectRunsOfEveryLengthAgree();
 }
 
 TEST(Premultiplication, ARunEndsWithItsMemory)
 {
-    for (std::size_t count = 1; count <= 33; ++count)
-    {
-        Pixels pixels(count, 0x80FFFFFF);
-        pixels.shrink_to_fit();
-        Premultiplication::PremultiplyRun(pixels.data(), count);
-        ASSERT_EQ(pixels, Pixels(count, 0x80808080)) << count;
-    }
+    OperationUnderTest().ExpectRunsToEndWithTheirMemory();
 }
 
 TEST(Premultiplication, UnalignedRunsAreServed)
 {
-    const Pixels pixels = RandomPixels(40, 5);
-    for (std::size_t start = 0; start < 4; ++start)
-    {
-        Pixels changed = pixels;
-        Pixels expected = Model(pixels);
-        std::copy_n(pixels.begin(), start, expected.begin());
-        Premultiplication::PremultiplyRun(changed.data() + start, changed.size() - start);
-        ASSERT_EQ(changed, expected) << start;
-    }
+    OperationUnderTest().ExpectUnalignedRunsAgree();
 }
 
 TEST(Premultiplication, ThePlainLoopAndTheBlocksAgree)
 {
     for (unsigned seed = 0; seed < 20; ++seed)
     {
-        Pixels inBlocks = RandomPixels(10007, seed);
-        Pixels plain = inBlocks;
+        PixelList inBlocks = RandomPixels(10007, seed);
+        PixelList plain = inBlocks;
         Premultiplication::PremultiplyRun(inBlocks.data(), inBlocks.size());
         Premultiplication::PremultiplyRunPlain(plain.data(), plain.size());
         ASSERT_EQ(inBlocks, plain) << seed;
     }
 }
 
-namespace
-{
-constexpr std::size_t kRows = 5;
-
-// What a picture with gaps between its rows should become: the gaps stay as they are.
-Pixels ModelRows(Pixels pixels, std::size_t width, std::size_t pitch)
-{
-    for (std::size_t i = 0; i < pixels.size(); ++i)
-        pixels[i] = i % pitch < width ? ModelPixel(pixels[i]) : pixels[i];
-    return pixels;
-}
-
-void ExpectRowsPremultiplied(std::size_t width, std::size_t gap, bool bottomUp)
-{
-    const std::size_t pitch = width + gap;
-    Pixels pixels = RandomPixels(pitch * kRows, static_cast<unsigned>(width));
-    const Pixels expected = ModelRows(pixels, width, pitch);
-    const INT stride = static_cast<INT>(pitch * sizeof(DWORD));
-    DWORD* const pFirstRow = bottomUp ? pixels.data() + pitch * (kRows - 1) : pixels.data();
-    Premultiplication::PremultiplyImage(pFirstRow, static_cast<UINT>(width), kRows,
-                                        bottomUp ? -stride : stride);
-    EXPECT_EQ(pixels, expected) << "width " << width << ", gap " << gap;
-}
-} // namespace
-
 TEST(Premultiplication, RowsOfEveryWidthAndStrideAgreeWithTheModel)
 {
-    for (std::size_t width = 1; width <= 80; ++width)
-    {
-        for (const std::size_t gap : {std::size_t(0), std::size_t(1), std::size_t(3)})
-        {
-            ExpectRowsPremultiplied(width, gap, false);
-            ExpectRowsPremultiplied(width, gap, true);
-        }
-    }
+    OperationUnderTest().ExpectRowsOfEveryWidthAndStrideAgree();
 }

@@ -1,5 +1,6 @@
 #include <vxdpi/Png.h>
 
+#include "foundation/ResourceFailures.h"
 #include "png/StripCalls.h"
 #include "support/HandleCount.h"
 #include "support/ResourceDll.h"
@@ -61,30 +62,6 @@ CallLog::LineList CallsAfter(std::size_t first, const CallLog::LineList& others)
     lines.insert(lines.end(), others.begin(), others.end());
     return lines;
 }
-
-template<typename Signature>
-class FailKernelCall : public FailNthCall<Signature>
-{
-public:
-    template<typename Failure>
-    FailKernelCall(const char* functionName, Failure failure)
-        : FailNthCall<Signature>(VxDpiModule(), "kernel32.dll", functionName,
-                                 FailNthCall<Signature>::kEveryCall, failure)
-    {
-    }
-};
-
-using FailLockResource = FailKernelCall<decltype(::LockResource)>;
-using FailGlobalAlloc = FailKernelCall<decltype(::GlobalAlloc)>;
-using FailGlobalLock = FailKernelCall<decltype(::GlobalLock)>;
-
-class FailStream : public FailNthCall<decltype(::CreateStreamOnHGlobal)>
-{
-public:
-    FailStream() : FailNthCall(VxDpiModule(), "ole32.dll", "CreateStreamOnHGlobal", kEveryCall, E_OUTOFMEMORY)
-    {
-    }
-};
 
 // A stream is promised and not given.
 class NullStream : public ImportSpy<decltype(::CreateStreamOnHGlobal)>
