@@ -1,4 +1,4 @@
-#include "CallTrace.h"
+#include "CallComparison.h"
 #include "Rows.h"
 
 #include <vxdpi/Dpi.h>

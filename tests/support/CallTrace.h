@@ -1,0 +1,58 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+// The names of calls, in their order.
+using CallNames = std::vector<std::string>;
+
+// While it lives, the calls that some modules make of the platform's functions are written down by name, and
+// go on to the platform. One at a time, for one thread.
+//
+//     const CallTrace trace({::GetModuleHandleW(L"vxdpi.dll")});
+//     ...
+//     EXPECT_EQ(trace.Calls(), (CallNames{"IsWindow", "GetDpiForWindow"}));
+//
+// Followed are the imports from the platform's drawing and window libraries, and what is used of its kernel
+// for resources and memory; what a run-time library calls for itself is not. Methods of COM objects are seen
+// only where a stand-in of the test's writes them down. A spy that makes a call fail is started before the
+// trace: a trace covers the spies that are there, and the failing call is written down as well.
+class CallTrace
+{
+public:
+    // Throws std::runtime_error when a module imports nothing that is followed, and std::logic_error when
+    // another trace is running.
+    explicit CallTrace(const std::vector<HMODULE>& modules);
+    ~CallTrace();
+
+    CallTrace(const CallTrace&) = delete;
+    CallTrace& operator=(const CallTrace&) = delete;
+
+    const CallNames& Calls() const;
+
+    // Adds a call that goes by no import to the running trace, if there is one.
+    static void Write(const std::string& name);
+
+private:
+    struct Import
+    {
+        void** function;
+        void* original;
+        std::string name;
+    };
+
+    static void Record(unsigned index);
+
+    static CallTrace* s_current;
+
+    void Collect(HMODULE module);
+    void WriteStandIn(unsigned char* code, std::size_t index) const;
+    void ReplaceAll();
+
+    std::vector<Import> m_imports;
+    unsigned char* m_code = nullptr; // a stand-in for each import
+    CallNames m_calls;
+};
