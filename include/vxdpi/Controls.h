@@ -37,7 +37,10 @@ class CButtonProxy; // inside the library
 class VXDPI_API CDpiAwareHeaderCtrl : public CHeaderCtrl
 {
 public:
+    /// Makes an object without a window, that tells no list.
     CDpiAwareHeaderCtrl();
+
+    /// Forgets the list.
     virtual ~CDpiAwareHeaderCtrl();
 
     /// Names the list whose columns are dragged.
@@ -66,17 +69,21 @@ protected:
 
 /// A report list whose columns keep their width in proportion to the DPI.
 ///
-/// Widths are recorded at 96 DPI under the index that the caller names. Records are never moved nor dropped:
-/// a column inserted before others leaves theirs under the old indices, and a deleted column's stays. A
-/// width whose product with 96 or with the DPI leaves 32 bits is used unscaled. Each change of DPI may round
-/// a recorded width by one pixel.
+/// Widths are recorded at 96 DPI under the index that the caller names, and applied multiplied by DPI / 96,
+/// halves rounded away from zero; a width in pixels is recorded multiplied by 96 / DPI. Records are never
+/// moved nor dropped: a column inserted before others leaves theirs under the old indices, and a deleted
+/// column's stays. A width whose product with 96 or with the DPI leaves 32 bits is used unscaled. Each
+/// change of DPI may round a recorded width by one pixel.
 ///
 /// The header is followed in lists that have it when the object gets its window, as those of a dialog's
 /// template have; a list made with Create has it only later.
 class VXDPI_API CDPIAwareListCtrl : public CListCtrl
 {
 public:
+    /// Makes an object without a window and without records.
     CDPIAwareListCtrl();
+
+    /// Frees the records and destroys the window.
     virtual ~CDPIAwareListCtrl();
 
     /// Inserts a column, records its width and applies every recorded width for the DPI of the window.
@@ -139,7 +146,10 @@ protected:
 class VXDPI_API CDPIAwareListCtrlW : public CDPIAwareListCtrl
 {
 public:
+    /// Makes an object without a window and without records.
     CDPIAwareListCtrlW();
+
+    /// Frees the records and destroys the window.
     virtual ~CDPIAwareListCtrlW();
 
 protected:
@@ -157,7 +167,10 @@ protected:
 class VXDPI_API CRealButton : public CButton
 {
 public:
+    /// Makes an object without a window and without a proxy.
     CRealButton();
+
+    /// Destroys the window; the proxy stays.
     virtual ~CRealButton();
 
     /// Names the button that stands in for this one.

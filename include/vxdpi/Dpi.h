@@ -3,9 +3,9 @@
 /// @file
 /// The DPI of a window, and the life of GDI+ in a process.
 ///
-/// VxSafeGetDpiForWindow is the one DPI query that the whole library uses; it never answers 0. The image
-/// families need a running GDI+. An application starts it in one of three ways, and ends it itself (unloading
-/// the library does not):
+/// VxSafeGetDpiForWindow answers for any window, and never 0. PNG images and the draw board need a running
+/// GDI+. An application starts it in one of three ways, and ends it itself (unloading the library does
+/// not):
 ///
 ///     StartupGdiPlusByVxDpi();                  // at start ...
 ///     ShutdownGdiPlusByVxDpi();                 // ... and at exit
@@ -25,6 +25,7 @@
 /// @return dots per inch, never 0: the window's own DPI; 96 for a null handle or a window that is gone; the
 ///         screen's horizontal LOGPIXELSX for a live window that has no DPI to tell, and 96 when the screen
 ///         tells none either.
+///
 /// Any thread may call it.
 VXDPI_API unsigned int VxSafeGetDpiForWindow(HWND hwnd);
 
@@ -33,6 +34,7 @@ VXDPI_API unsigned int VxSafeGetDpiForWindow(HWND hwnd);
 /// Starts are not counted: a second call starts GDI+ once more and forgets the first token, which is then
 /// never shut down.
 /// @return TRUE when GDI+ started, else FALSE; the library then holds whatever token the failing start wrote.
+///
 /// Takes no lock: for one thread, at start-up.
 VXDPI_API int StartupGdiPlusByVxDpi();
 
@@ -45,6 +47,7 @@ VXDPI_API void ShutdownGdiPlusByVxDpi();
 /// Tells the GDI+ token that the library holds, so that a second component can share one start.
 /// @param token  receives the token; untouched on failure.
 /// @return TRUE, or FALSE when no token is held.
+///
 /// Takes no lock.
 VXDPI_API int GetGdiPlusTokenFromVxDpi(ULONG_PTR& token);
 
@@ -52,6 +55,7 @@ VXDPI_API int GetGdiPlusTokenFromVxDpi(ULONG_PTR& token);
 /// @param token  as GdiplusStartup wrote it; ShutdownGdiPlusByVxDpi will shut it down. 0 is stored too, and
 ///        leaves the library without a token.
 /// @return TRUE, or FALSE with nothing changed when a token is held already.
+///
 /// Takes no lock: for one thread, at start-up.
 VXDPI_API int SetGdiPlusTokenToVxDpi(ULONG_PTR token);
 

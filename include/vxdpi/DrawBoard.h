@@ -132,6 +132,8 @@ public:
     /// @param other  stays as it is; a board that exists is shared (see the class).
     /// @return this object.
     CDrawBoard& operator=(const CDrawBoard& other);
+
+    /// Deletes the board and all images, for which GDI+ must still be running.
     virtual ~CDrawBoard();
 
     /// Registers a variant of an image; loads nothing.
@@ -159,7 +161,8 @@ public:
     ///         loaded, or GDI+ refuses.
     int DrawImageToBoard(UINT imageId, CRect rc);
 
-    /// Does the same with an image in its own size: its pixels multiplied by 96 / its variant's DPI.
+    /// Does the same with an image in its own size: its pixels multiplied by 96 / its variant's DPI, halves
+    /// rounded away from zero.
     /// @param imageId  the name that the image was registered under.
     /// @param pt  its top left corner in the scene, in 96-DPI units.
     /// @return as above; FALSE also for a variant that was drawn for 0 DPI.

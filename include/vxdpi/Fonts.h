@@ -30,7 +30,8 @@
 
 /// Creates a font of a point size for the DPI of a window.
 /// @param hWnd  the window; null and dead windows count as 96 DPI.
-/// @param nPointSize  whole points (72 to the inch), as a character height.
+/// @param nPointSize  whole points (72 to the inch), as a character height: the font gets nPointSize * DPI
+///        / 72 device pixels, halves rounded away from zero.
 /// @param nWidth  average width of the characters in device pixels; 0 for the font's natural width.
 /// @param nEscapement,nOrientation,nWeight,bItalic,bUnderline,bStrikeOut  as for the platform's CreateFont.
 /// @param nCharSet,nOutPrecision,nClipPrecision,nQuality,nPitchAndFamily,pszFaceName  likewise, passed on
@@ -43,8 +44,9 @@ VXDPI_API HFONT CreateFont_DPIAware(HWND hWnd, int nPointSize, int nWidth, int n
                                     DWORD nPitchAndFamily, LPCWSTR pszFaceName);
 
 /// Creates a font from a description at 96 DPI for the DPI of a window.
-/// @param pLogFont  the font; lfHeight in 96-DPI units is replaced by the scaled height in device pixels, so
-///        a second call with the same record scales twice. The other fields are left as they are.
+/// @param pLogFont  the font; lfHeight in 96-DPI units is replaced by the height in device pixels, lfHeight
+///        * DPI / 96 with halves rounded away from zero, so a second call with the same record scales
+///        twice. The other fields are left as they are.
 /// @param hWnd  the window; null and dead windows count as 96 DPI.
 /// @return the font, which the caller frees with DeleteObject; null for a null record, or when GDI can't
 ///         create it (the height is scaled then, too).
@@ -56,14 +58,18 @@ VXDPI_API HFONT CreateFontIndirect_DPIAware(LOGFONTW* pLogFont, HWND hWnd);
 /// kept for the object's life. From then on the sizes in the arguments are ignored, while the other
 /// attributes are taken from each call. A creation does not delete a font that is still attached: call
 /// DeleteObject first. Every creation returns TRUE when a font was created and attached; when GDI can't
-/// create it, the size is recorded and the caller's description rewritten all the same. A size whose product
-/// with the DPI leaves 32 bits is used unscaled.
+/// create it, the size is recorded and the caller's description rewritten all the same.
+///
+/// The scaled size is the recorded one multiplied by the DPI asked for / the recorded DPI, halves rounded
+/// away from zero. A size whose product with the DPI leaves 32 bits is used unscaled.
 class VXDPI_API CFontDPIAware : public CFont
 {
 public:
+    /// Makes an object without a font and without a recorded size.
     CFontDPIAware();
     CFontDPIAware(const CFontDPIAware&) = delete;
     CFontDPIAware& operator=(const CFontDPIAware&) = delete;
+    /// Deletes the font.
     virtual ~CFontDPIAware();
 
     /// Records a size, unless one is recorded already.

@@ -41,23 +41,25 @@ VXDPI_API void ConvertTo96DPIRect(HWND hwnd, RECT& rc);
 /// three caption buttons wide and 70 % of its height high; the part is measured by its bounding box. The
 /// window comes to the top of the Z order.
 /// @param pWnd  the window.
-/// @param rcSaved  the saved rectangle. When its size differs from that of rcReference the size is taken to
-///        be in 96-DPI units and replaced, in the caller's rectangle, by the size at the window's DPI.
-/// @param rcReference  only its size counts.
+/// @param rcSaved  the saved rectangle. A size in 96-DPI units is replaced, in the caller's rectangle, by
+///        the size at the window's DPI.
+/// @param rcReference  tells the unit of the saved size: device pixels when it has the same size, 96-DPI
+///        units when it has another one, as an empty rectangle has. Nothing else of it counts.
 /// @return TRUE, also when the platform refuses to move the window; FALSE with nothing changed when pWnd is
 ///         null or not a window.
 VXDPI_API int RestoreWindowPositionSafe(CWnd* pWnd, CRect& rcSaved, CRect& rcReference);
 
 /// Measures the font that is selected into a device context, as dialog units are based on it.
 /// @param hdc  stays the caller's.
-/// @param units  receives the average width of the 52 Latin letters and the height of a character in device
-///        pixels.
+/// @param units  receives the average width of the 52 Latin letters A to Z and a to z, rounded, and the
+///        height of a character, in device pixels.
 /// @return TRUE, or FALSE when the font can't be measured (units untouched) or a value is not above 0 (units
 ///         written).
 VXDPI_API int GetFontBasedDialogUnits(HDC hdc, SIZE& units);
 
 /// Tells which client area a window needs at another DPI, in proportion to the measured size of its font
-/// there.
+/// there: each edge is multiplied by what GetFontBasedDialogUnits measures for the font at newDpi / what it
+/// measures now, halves rounded away from zero.
 /// @param pWnd  a window that has a font.
 /// @param newDpi  dots per inch.
 /// @return the client rectangle in device pixels at newDpi; (0, 0, 0, 0) when pWnd is null or without window,

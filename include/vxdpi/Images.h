@@ -35,6 +35,7 @@
 /// owner.
 struct ResourceInfo
 {
+    /// Makes an entry of zeros.
     ResourceInfo() = default;
     /// Makes an entry.
     /// @param nDrawnForDpi  dots per inch that the resource is drawn for.
@@ -77,6 +78,7 @@ public:
     /// @param nDpi  dots per inch.
     /// @param nResourceId  the owner's resource ID.
     /// @param values  the owner's numbers; copied.
+    ///
     /// Throws std::bad_alloc, with the registry unchanged or that entry's ID new, when memory is short.
     void RegisterIconResource(UINT nDpi, UINT nResourceId, const std::vector<UINT>& values);
 
@@ -157,8 +159,9 @@ public:
     /// @return as above.
     BOOL LoadDpiAwareBitmapWithColorMap(UINT nFlags, COLORMAP* pColorMap, int nMapSize, UINT nDpi);
 
-    /// Brings the bitmap to the size that it has at a window's DPI. When the DPI is another than that of the
-    /// last load, the resource that fits best is loaded before.
+    /// Brings the bitmap to the size that it has at a window's DPI: its pixels multiplied by that DPI / the
+    /// one that its resource is drawn for, or 96 when nothing is registered, halves rounded away from zero.
+    /// When the DPI is another than that of the last load, the resource that fits best is loaded before.
     /// @param pWnd  the window; null gives FALSE.
     /// @param hBitmap  a bitmap to take over as the one to scale, or null for the one that is loaded. Taken
     ///        over unless there is no window or it has no DPI; must not be one of the object's own bitmaps.
@@ -257,6 +260,8 @@ public:
     /// @param other  stays as it is.
     /// @return this object.
     CDpiAwareIcon& operator=(const CDpiAwareIcon& other);
+
+    /// Frees the lists; icons that were handed out stay the caller's.
     ~CDpiAwareIcon();
 
     /// Registers an icon resource as drawn for a DPI; a later call for the same DPI replaces the earlier one,
@@ -268,7 +273,8 @@ public:
     void AddResourceForDpi(UINT nDpi, UINT nResourceId, const std::vector<UINT>& sizes);
 
     /// Makes the icon for a DPI: of the resource that fits best, the first size that is large enough is
-    /// loaded and stretched. The size is the smallest registered one multiplied by nDpi / resource's DPI.
+    /// loaded and stretched. The size is the smallest registered one multiplied by nDpi / resource's DPI,
+    /// halves rounded away from zero.
     /// @param nDpi  dots per inch.
     /// @return a new icon, which the caller frees with DestroyIcon; null when nothing fits or nDpi is 0.
     HICON CreateAwareIconSpecifyDpi(UINT nDpi);

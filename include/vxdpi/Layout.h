@@ -27,17 +27,23 @@
 #pragma warning(disable : 4251 4275)
 #endif
 
+/// @name Anchors
 /// Where a control goes when its parent's size changes; exactly one of these, any other value means
 /// ANCHOR_TOPLEFT.
+/// @{
 constexpr UINT ANCHOR_TOPLEFT = 1;     ///< stays at its scaled designed place
 constexpr UINT ANCHOR_RIGHT = 2;       ///< keeps its distance to the parent's right edge
 constexpr UINT ANCHOR_BOTTOM = 4;      ///< keeps its distance to the parent's bottom edge
 constexpr UINT ANCHOR_BOTTOMRIGHT = 8; ///< keeps both distances
+/// @}
 
+/// @name Size policies
 /// What a control does with the space that its parent gains or loses; any combination, none keeps the
 /// designed size.
+/// @{
 constexpr UINT SIZE_STRETCH_WIDTH = 1;  ///< the width fills the parent up to the right margin
 constexpr UINT SIZE_STRETCH_HEIGHT = 2; ///< the height fills the parent down to the bottom margin
+/// @}
 
 /// How one control is laid out.
 struct VXDPI_API LayoutInfo
@@ -64,6 +70,7 @@ public:
     /// Makes a manager without records, for 96 DPI.
     /// @param pParent  the window whose children are laid out; not owned. May be null: nothing is laid out
     ///        then.
+    ///
     /// When memory is short the manager refuses every control.
     CDpiLayoutManager(CWnd* pParent);
     /// Copies the fields as they stand.
@@ -74,6 +81,8 @@ public:
     /// @param other  stays as it is; the list of records is shared (see the class).
     /// @return this object.
     CDpiLayoutManager& operator=(const CDpiLayoutManager& other);
+
+    /// Frees the records; the windows stay.
     virtual ~CDpiLayoutManager();
 
     // The virtual table has the overloads in the order of the second list. Microsoft's compiler places

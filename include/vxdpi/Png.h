@@ -43,6 +43,7 @@
 class VXDPI_API CDpiAwarePng
 {
 public:
+    /// Makes an object without pictures.
     CDpiAwarePng();
     CDpiAwarePng(const CDpiAwarePng&) = delete;
 
@@ -56,6 +57,8 @@ public:
     /// @param other  stays as it is.
     /// @return this object.
     CDpiAwarePng& operator=(CDpiAwarePng&& other);
+
+    /// Frees the registry; bitmaps that were handed out stay the caller's.
     ~CDpiAwarePng();
 
     /// Registers a "PNG" resource as drawn for a DPI; a later call for the same DPI replaces the earlier one.
@@ -183,17 +186,18 @@ private:
 /// A strip of equal square pictures in several "PNG" resources, one per DPI.
 ///
 /// The first of an entry's values is the length of a cell's side in pixels. Every creating operation moves
-/// the object's current DPI, picks the entry as CDpiAwareRes::FindBestResource does, cuts its strip from the
-/// left into whole cells, and scales each by nDpi / entry's DPI. A cell that can't be scaled or converted is
-/// left out (what was made of a cell whose scaling failed stays allocated), so compare the number of results
-/// with the one you expect. No result at all means: nothing is registered, the entry has no values, or its
-/// resource is missing, empty or no image.
+/// the object's current DPI, picks the entry as CDpiAwareRes::FindBestResource does, cuts its strip from
+/// the left into whole cells, and scales each by nDpi / entry's DPI, halves rounded away from zero. A cell
+/// that can't be scaled or converted is left out (what was made of a cell whose scaling failed stays
+/// allocated), so compare the number of results with the one you expect. No result at all means: nothing is
+/// registered, the entry has no values, or its resource is missing, empty or no image.
 ///
 /// GDI+ must be running before a strip is cut. Each cell starts it once more and replaces the token that
 /// ShutdownGdiPlusByVxDpi ends (see Dpi.h), so cut strips on one thread.
 class VXDPI_API CDpiAwarePngSplit
 {
 public:
+    /// Makes an object without strips.
     CDpiAwarePngSplit();
     CDpiAwarePngSplit(const CDpiAwarePngSplit&) = delete;
 
@@ -207,6 +211,8 @@ public:
     /// @param other  stays as it is.
     /// @return this object.
     CDpiAwarePngSplit& operator=(CDpiAwarePngSplit&& other);
+
+    /// Frees the registry; icons and bitmaps that were handed out stay the caller's.
     ~CDpiAwarePngSplit();
 
     /// Registers a "PNG" resource as drawn for a DPI; a later call for the same DPI replaces the earlier one.
@@ -258,8 +264,8 @@ protected:
     ///         above 0, or memory is short. A failure to draw is not reported.
     Gdiplus::Bitmap* ScaleBitmap(Gdiplus::Bitmap* pSource, int nSize);
 
-    /// Turns a bitmap into light grey: its brightness (0.299 red + 0.587 green + 0.114 blue), brought 30 % of
-    /// the way to white. Alpha stays.
+    /// Turns a bitmap into light grey: its brightness (0.299 red + 0.587 green + 0.114 blue, the weights of
+    /// ITU-R BT.601), brought 30 % of the way to white. Alpha stays.
     /// @param pBitmap  changed in place; null, or one whose pixels can't be locked, is left alone.
     void ApplyDisabledEffect(Gdiplus::Bitmap* pBitmap);
 

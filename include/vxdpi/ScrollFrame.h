@@ -66,8 +66,8 @@ public:
     /// @return TRUE, or FALSE with nothing changed when pWnd is null or without window.
     BOOL Create(CWnd* pWnd, Modal modal, CScrollBar* pHScrollBar, CScrollBar* pVScrollBar, int reapplyOffset);
 
-    /// Scrolls horizontally: by 8 pixels for an arrow, by the visible width for the trough, to the thumb
-    /// while it is dragged, never beyond the content. Other codes do nothing.
+    /// Scrolls horizontally: by 8 device pixels at any DPI for an arrow, by the visible width for the
+    /// trough, to the thumb while it is dragged, never beyond the content. Other codes do nothing.
     /// @param nSBCode,nPos  of WM_HSCROLL; the position counts for SB_THUMBTRACK only.
     /// @param pScrollBar  the control that the message comes from; null when it comes from the window's own
     ///        bar.
@@ -119,6 +119,7 @@ class VXDPI_API CScrollLayoutManager : public CDpiLayoutManager
 public:
     /// Makes a manager without records, for 96 DPI.
     /// @param pParent  the window whose children are laid out; not owned. Null: SetParent names it later.
+    ///
     /// When memory is short the manager refuses every control.
     CScrollLayoutManager(CWnd* pParent = nullptr);
     /// Copies the fields as they stand.
@@ -138,6 +139,8 @@ public:
     /// @param other  stays as it is.
     /// @return this object.
     CScrollLayoutManager& operator=(CScrollLayoutManager&& other);
+
+    /// Frees the records; the windows stay.
     virtual ~CScrollLayoutManager();
 
     /// Names the window whose children are laid out. What was captured of another one stays captured.
@@ -182,6 +185,7 @@ protected:
 /// @return the end code of the button; IDCANCEL when the frame was closed; -1 when the thread is to quit; 0
 ///         when something could not be created. The dialog's window is left then only when it had not become
 ///         a child of the frame yet, as when the application has no main window.
+///
 /// Call it on the thread of the main window, with the application's module state.
 VXDPI_API INT_PTR CreateScrollFrame(const int& nIDTemplate, CDialog& dialog,
                                     const std::vector<std::pair<CRealButton*, int>>& buttons,
