@@ -6,7 +6,7 @@ get_filename_component(SOURCE_PATH ${CMAKE_CURRENT_LIST_DIR}/../../.. ABSOLUTE)
 
 vcpkg_cmake_configure(
     SOURCE_PATH ${SOURCE_PATH}
-    OPTIONS -DVXDPI_BUILD_TESTS=OFF -DVXDPI_BUILD_GALLERY=OFF)
+    OPTIONS -DVXDPI_BUILD_TESTS=OFF -DVXDPI_BUILD_GALLERY=OFF -DVXDPI_WARNINGS_AS_ERRORS=OFF)
 vcpkg_cmake_install()
 vcpkg_cmake_config_fixup(CONFIG_PATH lib/cmake/vxdpi)
 
