@@ -53,6 +53,7 @@ int UngivenWidth96(CWnd& list, int nCol)
 
 BEGIN_MESSAGE_MAP(CDPIAwareListCtrl, CListCtrl)
     ON_MESSAGE(WM_DPICHANGED_AFTERPARENT, &CDPIAwareListCtrl::OnDPIChangedAfterParent)
+    // Kept by contract: these go through the framework's own handlers, which end in the default.
     ON_WM_LBUTTONDOWN()
     ON_WM_MOUSEMOVE()
     ON_WM_LBUTTONUP()
