@@ -13,8 +13,8 @@
 using PixelList = std::vector<DWORD>;
 
 // An operation that changes each pixel by itself, and how to test it whatever it does: runs of every length,
-// at every place and at the end of their memory, and rows with gaps in either direction, against the change of
-// one pixel written otherwise.
+// at every place and at the end of their memory, and rows with gaps in either direction, against the change
+// of one pixel written otherwise.
 class PixelOperation
 {
 public:
