@@ -79,7 +79,8 @@ public:
     /// @param nResourceId  the owner's resource ID.
     /// @param values  the owner's numbers; copied.
     ///
-    /// Throws std::bad_alloc, with the registry unchanged or that entry's ID new, when memory is short.
+    /// Throws std::bad_alloc (with Microsoft's MFC a CMemoryException*), with the registry unchanged or that
+    /// entry's ID new, when memory is short.
     void RegisterIconResource(UINT nDpi, UINT nResourceId, const std::vector<UINT>& values);
 
     /// Sets the DPI that look-ups aim at; loads and releases nothing.
@@ -171,8 +172,8 @@ public:
     BOOL ScaleToDpi(CWnd* pWnd, HBITMAP hBitmap);
 
     /// Tells the size of the bitmap to show.
-    /// @return device pixels; 0 x 0 before the first load and after a failed ScaleToDpi, the size before
-    ///         after a failed load.
+    /// @return device pixels; 0 x 0 before the first load and after a step of ScaleToDpi that failed, the
+    ///         size before after a failed load.
     CSize GetSize() const;
 
 protected:
@@ -192,8 +193,8 @@ protected:
     /// window's device context: no DIB section, no alpha.
     /// @param pWnd  the window whose device context decides the format.
     /// @param cx,cy  device pixels.
-    /// @return TRUE. FALSE, with the bitmap to show unchanged, when no bitmap of that size can be made;
-    ///         FALSE, with it replaced, when nothing could be drawn.
+    /// @return TRUE. FALSE, with the bitmap to show unchanged, when the window gives no device context or no
+    ///         bitmap of that size can be made; FALSE, with it replaced, when nothing could be drawn.
     BOOL Scale(CWnd* pWnd, int cx, int cy);
 
 private:

@@ -7,6 +7,8 @@
 #include <foundation/GuardedScaling.h>
 #include <foundation/Guards.h>
 
+#include <optional>
+
 namespace
 {
 HBITMAP LoadPlain(UINT nResourceId)
@@ -23,8 +25,23 @@ HBITMAP LoadWithColorMap(UINT nResourceId, UINT nFlags, COLORMAP* pColorMap, int
 
 HBITMAP CopyToDibSection(HANDLE hBitmap)
 {
-    return static_cast<HBITMAP>(
-        ::CopyImage(hBitmap, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION | LR_COPYRETURNORG));
+    HANDLE hCopy = ::CopyImage(hBitmap, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION | LR_COPYRETURNORG);
+    if (hCopy && hCopy == hBitmap) // a handle has one owner
+        hCopy = ::CopyImage(hBitmap, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION);
+    return static_cast<HBITMAP>(hCopy);
+}
+
+/// Leaves it empty where the window has no device context to give.
+void OpenClientDc(std::optional<CClientDC>& dc, CWnd* pWnd)
+{
+    try
+    {
+        dc.emplace(pWnd);
+    }
+    catch (CException* pException)
+    {
+        pException->Delete();
+    }
 }
 
 /// 0 x 0 when the handle is no bitmap.
@@ -164,16 +181,19 @@ BOOL CDpiAwareBitmap::Scale(CWnd* pWnd, int cx, int cy)
 {
     if (!m_pSource)
         return FALSE;
-    CClientDC windowDc(pWnd);
-    UniqueMemoryDc targetDc(::CreateCompatibleDC(windowDc.m_hDC));
+    std::optional<CClientDC> windowDc;
+    OpenClientDc(windowDc, pWnd);
+    if (!windowDc)
+        return FALSE;
+    UniqueMemoryDc targetDc(::CreateCompatibleDC(windowDc->m_hDC));
     if (!targetDc)
         return FALSE;
-    UniqueBitmap scaled(::CreateCompatibleBitmap(windowDc.m_hDC, cx, cy));
+    UniqueBitmap scaled(::CreateCompatibleBitmap(windowDc->m_hDC, cx, cy));
     if (!scaled)
         return FALSE;
 
     Selection target(targetDc.get(), scaled.get());
-    UniqueMemoryDc sourceDc(::CreateCompatibleDC(windowDc.m_hDC));
+    UniqueMemoryDc sourceDc(::CreateCompatibleDC(windowDc->m_hDC));
     Selection source(sourceDc.get(), m_pSource->GetSafeHandle());
     SetHalftoneMode(targetDc.get(), sourceDc.get());
     const BOOL bStretched = ::StretchBlt(targetDc.get(), 0, 0, cx, cy, sourceDc.get(), 0, 0, m_sizeBase.cx,
@@ -185,6 +205,6 @@ BOOL CDpiAwareBitmap::Scale(CWnd* pWnd, int cx, int cy)
     Attach(scaled.release());
     sourceDc.reset();
     targetDc.reset();
-    windowDc.DeleteDC(); // kept by contract: deleted, not released, so that its destructor finds nothing
+    windowDc->DeleteDC(); // kept by contract: deleted, not released, so that its destructor finds nothing
     return bStretched;
 }

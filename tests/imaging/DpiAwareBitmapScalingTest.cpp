@@ -368,6 +368,42 @@ TEST_F(ScaleToDpi, AttachesCopiesAndScales)
     EXPECT_EQ(log.Lines()[12], "StretchBlt(dc1, 0, 0, 10, 20, dc2, 0, 0, 10, 20, 13369376)");
 }
 
+// The platform may answer a DIB section itself instead of a copy, which would have two owners then.
+TEST_F(ScaleToDpi, ADibSectionThatIsAnsweredItselfIsCopied)
+{
+    std::vector<UINT> flags;
+    const PlatformSpy<decltype(::CopyImage)> copy("user32.dll", "CopyImage",
+                                                  [&](HANDLE given, UINT type, int cx, int cy, UINT asked)
+                                                  {
+                                                      flags.push_back(asked);
+                                                      if (asked & LR_COPYRETURNORG)
+                                                          return given;
+                                                      return copy.CallOriginal(given, type, cx, cy, asked);
+                                                  });
+    m_bitmap.LoadDpiAwareBitmap(96);
+    EXPECT_EQ(flags, (std::vector<UINT>{LR_CREATEDIBSECTION | LR_COPYRETURNORG, LR_CREATEDIBSECTION}));
+    EXPECT_NE(m_bitmap.Displayed(), m_bitmap.Source());
+    for (int i = 0; i < 2; ++i)
+    {
+        EXPECT_EQ(ScaleAt(96), TRUE);
+        EXPECT_TRUE(Shows(m_bitmap, OpaquePicture(16, 16)));
+        EXPECT_FALSE(IsGone(m_bitmap.Source()));
+    }
+}
+
+TEST_F(ScaleToDpi, WithoutAContextOfTheWindowTheSizesAreLostAndTheDpiIsKept)
+{
+    m_bitmap.LoadDpiAwareBitmap(96);
+    {
+        const FailGetDc fail;
+        EXPECT_EQ(ScaleAt(144), FALSE);
+        EXPECT_EQ(fail.CallCount(), 1);
+    }
+    EXPECT_TRUE(HasSizes(m_bitmap, {0, 0}, {0, 0}));
+    EXPECT_EQ(m_bitmap.Fields().nCurrentDpi, 144u);
+    EXPECT_TRUE(Shows(m_bitmap, OpaquePicture(24, 24)));
+}
+
 TEST_F(ScaleToDpi, AtAnotherDpiAResourceReplacesTheBitmapTakenOver)
 {
     const HBITMAP given = DeviceBitmap(10, 20, kWhite).release();
@@ -618,15 +654,8 @@ TEST_F(BitmapScale, WithoutAContextOfTheWindowNothingIsReplaced)
 {
     m_bitmap.LoadDpiAwareBitmap(96);
     const FailGetDc fail;
-    try
-    {
-        m_bitmap.Scale(m_window.Object(), 40, 8);
-        ADD_FAILURE() << "the framework has thrown nothing";
-    }
-    catch (CResourceException* failure)
-    {
-        failure->Delete();
-    }
+    EXPECT_EQ(m_bitmap.Scale(m_window.Object(), 40, 8), FALSE);
+    EXPECT_EQ(fail.CallCount(), 1);
     EXPECT_TRUE(Shows(m_bitmap, OpaquePicture(16, 16)));
     EXPECT_FALSE(IsGone(m_bitmap.Source()));
 }

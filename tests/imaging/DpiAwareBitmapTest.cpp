@@ -1,6 +1,6 @@
 #include "imaging/DpiAwareBitmapFixture.h"
 #include "imaging/HundredTimes.h"
-#include "imaging/ShortMemory.h"
+#include "foundation/ShortMemory.h"
 #include "png/LoadingCalls.h"
 #include "support/HandleCount.h"
 #include "support/ResourceDll.h"
@@ -144,6 +144,8 @@ TEST_F(CDpiAwareBitmapLife, ALifeWithoutUseLeavesNothing)
 
 TEST_F(CDpiAwareBitmapLife, RefusesEverythingWithoutMemoryForItsSource)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     std::unique_ptr<OpenBitmap> bitmap;
     {
         const ShortMemory shortMemory(3); // after the registry's lock and list
@@ -409,6 +411,17 @@ TEST_F(LoadDpiAwareBitmap, ABitmapThatCannotBeMeasuredIsShownWithoutSize)
     EXPECT_TRUE(HasSizes(m_bitmap, {0, 0}, {0, 0}));
     EXPECT_EQ(m_bitmap.Fields().nResourceId, static_cast<UINT>(IDB_24));
     EXPECT_NE(m_bitmap.Displayed(), nullptr);
+}
+
+// Of an ID the platform takes 16 bits; what is remembered is the whole one.
+TEST_F(LoadDpiAwareBitmap, RemembersAllOfAnId)
+{
+    OpenBitmap bitmap;
+    bitmap.Register(96, 0x10000 | IDB_16);
+    EXPECT_EQ(bitmap.LoadDpiAwareBitmap(96), TRUE);
+    EXPECT_EQ(bitmap.Fields().nResourceId, 0x10000u | IDB_16);
+    EXPECT_EQ(bitmap.LoadDpiAwareBitmap(96), FALSE);
+    EXPECT_TRUE(HasSizes(bitmap, {16, 16}, {16, 16}));
 }
 
 TEST_F(LoadDpiAwareBitmap, MeasuresTheBitmapToShow)

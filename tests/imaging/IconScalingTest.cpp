@@ -483,7 +483,7 @@ TEST_P(Resampling, AnOblongResultKeepsItsSides)
 TEST_P(Resampling, TheSizeIsAskedForAsItIs)
 {
     Scale(24);
-    for (const UINT size : {1u, 33u, 256u, 100000u, 0xFFFFFFFFu})
+    for (const UINT size : {0u, 1u, 33u, 256u, 100000u, 0xFFFFFFFFu})
     {
         const std::string side = std::to_string(size);
         EXPECT_EQ(CallsOf(size, true).at(Before().size() + 2),
@@ -849,6 +849,22 @@ TEST_F(CreateScaledIconOfHandle, AnIconWhoseColoursCannotBeMeasuredCountsAs0Wide
     EXPECT_EQ(CreateScaledIcon(0, icon.get()), icon.get());
 }
 
+TEST_F(CreateScaledIconOfHandle, AllBitsOfTheWidthCount)
+{
+    const HICON source = IconOf(32, 32, kOtherColor).release();
+    const ImportSpy<decltype(::GetObjectW)> wide(VxDpiModule(), "gdi32.dll", "GetObjectW",
+                                                 [&](HANDLE object, int size, void* buffer)
+                                                 {
+                                                     const int written =
+                                                         wide.Original()(object, size, buffer);
+                                                     static_cast<BITMAP*>(buffer)->bmWidth += 0x10000;
+                                                     return written;
+                                                 });
+    const OwnedIcon icon(CreateScaledIcon(32, source));
+    EXPECT_FALSE(IsIcon(source));
+    EXPECT_TRUE(HasSize(icon.get(), 32, 32));
+}
+
 TEST_F(CreateScaledIconOfHandle, ATargetOf0GivesNothingAndConsumesTheIcon)
 {
     const HICON source = IconOf(32, 32, kOtherColor).release();
@@ -933,6 +949,14 @@ TEST_F(CreateScaledIconOfResource, ReturnsAnIconOfTheTargetSizeAsItWasLoaded)
     const OwnedIcon icon = IconOf(32, 32, kOtherColor);
     const FakeLoadImage fake(icon.get());
     EXPECT_EQ(CreateScaledIcon(48, IDI_16_32, 48), icon.get());
+    EXPECT_TRUE(IsIcon(icon.get()));
+}
+
+TEST_F(CreateScaledIconOfResource, ReturnsTheIconAsItWasLoadedForTwoSizesOf0)
+{
+    const OwnedIcon icon = IconOf(32, 32, kOtherColor);
+    const FakeLoadImage fake(icon.get());
+    EXPECT_EQ(CreateScaledIcon(0, IDI_16_32, 0), icon.get());
     EXPECT_TRUE(IsIcon(icon.get()));
 }
 
