@@ -170,7 +170,8 @@ public:
 
     /// Composes the scene and draws it into a device context.
     /// @param hdc  stays the caller's.
-    /// @param rc  where to draw: the top left corner in the target's logical units, the size in pixels.
+    /// @param rc  where to draw: the top left corner in the target's logical units, the size in pixels. GDI+
+    ///        enlarges the board where the target has a higher resolution than the screen, as a printer has.
     /// @param compose  calls DrawImageToBoard for each image; returns 0 to draw nothing. An empty one throws
     ///        std::bad_function_call.
     /// @return TRUE when GDI+ reports that it drew. FALSE, with nothing drawn, when there is no board of that

@@ -83,7 +83,8 @@ public:
     /// after a change of DPI in proportion. A window without visible children leaves bars and positions as
     /// they are.
     /// @param cx,cy  the visible area in device pixels. With WindowScrollBars the space of a bar that is not
-    ///        visible yet is taken off.
+    ///        visible yet is taken off. Showing or hiding such a bar sends WM_SIZE from inside this call: an
+    ///        update from there scrolls what the outer one scrolls again.
     void UpdateScrollBars(int cx, int cy);
 
 private:

@@ -68,7 +68,7 @@ int CDPIAwareListCtrl::InsertColumn(int nCol, const LVCOLUMNW* pColumn)
 {
     const int nInserted = static_cast<int>(::SendMessageW(
         m_hWnd, LVM_INSERTCOLUMNW, static_cast<WPARAM>(nCol), reinterpret_cast<LPARAM>(pColumn)));
-    if (nInserted < 0)
+    if (nInserted < 0 || !pColumn)
         return nInserted;
 
     int nWidth96 = pColumn->cx;

@@ -29,7 +29,7 @@ bool IsMeasured(const SIZE& units)
     return units.cx >= 1 && units.cy >= 1;
 }
 
-/// Lets no exception out where a window has no device context to give.
+/// Lets no exception out where a window has no device context to give, or memory is short.
 bool MeasureAtBothDpis(CWnd& wnd, UINT nCurrentDpi, UINT nNewDpi, SIZE& currentUnits, SIZE& newUnits)
 {
     try
@@ -45,7 +45,7 @@ bool MeasureAtBothDpis(CWnd& wnd, UINT nCurrentDpi, UINT nNewDpi, SIZE& currentU
         logFont.lfHeight = GuardedScale(logFont.lfHeight, nNewDpi, nCurrentDpi);
         newUnits = UnitsOfFont(dc.m_hDC, logFont);
     }
-    catch (CResourceException* pException)
+    catch (CException* pException)
     {
         pException->Delete();
         return false;

@@ -3,6 +3,7 @@
 #include "ColorReplacement.h"
 #include "PngImage.h"
 
+#include <foundation/Allocation.h>
 #include <foundation/ResourceMemory.h>
 #include <imaging/VariantLookup.h>
 
@@ -120,7 +121,9 @@ Gdiplus::Bitmap* CDpiAwarePng::ReplaceColor(UINT nDpi, Gdiplus::Color color)
 
     const PixelSize size = SizeOf(*bitmap);
     const Gdiplus::Rect whole(0, 0, static_cast<INT>(size.width), static_cast<INT>(size.height));
-    const auto lock = std::make_unique<Gdiplus::BitmapData>();
+    const auto lock = MakeOrNull<Gdiplus::BitmapData>();
+    if (!lock)
+        return nullptr;
     if (bitmap->LockBits(&whole, Gdiplus::ImageLockModeRead | Gdiplus::ImageLockModeWrite,
                          PixelFormat32bppARGB, lock.get()) != Gdiplus::Ok)
     {

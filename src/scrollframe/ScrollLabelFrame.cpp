@@ -48,6 +48,12 @@ LRESULT CScrollLabelFrame::OnDpiChanged(WPARAM wParam, LPARAM lParam)
     return lResult;
 }
 
+// Nobody ends the loop of a window that was destroyed from outside.
+BOOL CScrollLabelFrame::ContinueModal()
+{
+    return m_hWnd && CFrameWnd::ContinueModal();
+}
+
 // A frame's own way is to delete the object.
 void CScrollLabelFrame::PostNcDestroy() {}
 

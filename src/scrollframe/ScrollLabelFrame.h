@@ -23,6 +23,7 @@ protected:
     virtual void OnClose();
     virtual LRESULT OnDpiChanged(WPARAM wParam, LPARAM lParam);
 
+    BOOL ContinueModal() override;
     void PostNcDestroy() override;
 
     DECLARE_MESSAGE_MAP()

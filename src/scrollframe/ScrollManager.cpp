@@ -174,9 +174,9 @@ void CScrollManager::UpdateScrollBars(int cx, int cy)
     const int nHorizontalBar = ::GetSystemMetricsForDpi(SM_CXHSCROLL, nDpi);
     const int nVerticalBar = ::GetSystemMetricsForDpi(SM_CYVSCROLL, nDpi);
     if (m_modal == WindowScrollBars && !IsScrollBarVisible(SB_VERT))
-        cx -= nVerticalBar;
+        cx = WrappingSubtract(cx, nVerticalBar);
     if (m_modal == WindowScrollBars && !IsScrollBarVisible(SB_HORZ))
-        cy -= nHorizontalBar;
+        cy = WrappingSubtract(cy, nHorizontalBar);
 
     const CRect box = MeasureChildren(*m_pWnd);
     if (::IsRectEmpty(&box))

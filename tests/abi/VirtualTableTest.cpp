@@ -30,12 +30,12 @@ public:
 template<class Class>
 std::size_t SlotCount()
 {
-    // A pointer to a virtual function holds the offset of its entry, plus 1.
+    // A pointer to a virtual function begins with the offset of its entry, plus 1.
     const auto pointer = &WithOneMore<Class>::OneMore;
-    std::size_t words[2] = {};
-    static_assert(sizeof pointer == sizeof words);
-    std::memcpy(words, &pointer, sizeof words);
-    return (words[0] - 1) / sizeof(void*);
+    std::size_t offset = 0;
+    static_assert(sizeof pointer >= sizeof offset);
+    std::memcpy(&offset, &pointer, sizeof offset);
+    return (offset - 1) / sizeof(void*);
 }
 
 // A function of another module is reached by a jump through the table of imports.

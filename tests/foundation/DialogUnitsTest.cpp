@@ -353,6 +353,34 @@ TEST_F(ClientSizeForDpi, AFontThatLeaves32BitsIsNotScaled)
     EXPECT_EQ(heights, (std::vector<LONG>{-11, -11}));
 }
 
+TEST_F(ClientSizeForDpi, AsksForTheContextBeforeTheFont)
+{
+    CallLog log;
+    const ImportSpy<decltype(::GetDC)> getDc(FrameworkModule(), "user32.dll", "GetDC",
+                                             [&](HWND window)
+                                             {
+                                                 log.Write("GetDC");
+                                                 return getDc.Original()(window);
+                                             });
+    m_window.Window().OnMessage(
+        [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
+        {
+            if (message == WM_GETFONT)
+                log.Write("WM_GETFONT");
+            return std::nullopt;
+        });
+    ClientAt144();
+    EXPECT_EQ(log.Lines(), (CallLog::LineList{"GetDC", "WM_GETFONT"}));
+}
+
+TEST_F(ClientSizeForDpi, IsNothingWhenTheFrameworkIsShortOfMemory)
+{
+    const ImportSpy<decltype(::GetDC)> getDc(FrameworkModule(), "user32.dll", "GetDC",
+                                             [](HWND) -> HDC { AfxThrowMemoryException(); });
+    EXPECT_TRUE(IsRect(ClientAt144(), {0, 0, 0, 0}));
+    EXPECT_EQ(getDc.CallCount(), 1);
+}
+
 TEST_F(ClientSizeForDpi, SelectsEachFontMeasuresItAndPutsThePreviousBack)
 {
     CallLog log;

@@ -23,5 +23,5 @@ inline HMODULE VxDpiModule()
 
 inline HMODULE FrameworkModule()
 {
-    return ModuleOf(&AfxGetResourceHandle);
+    return ModuleOf(&AfxWinInit);
 }

@@ -2,6 +2,7 @@
 #include "foundation/LibraryModule.h"
 #include "support/CallLog.h"
 #include "support/ImportSpy.h"
+#include "support/TestWindow.h"
 
 #include <vxdpi/Dpi.h>
 #include <vxdpi/GdiPlus.h>
@@ -11,6 +12,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -193,6 +195,47 @@ TEST_F(ModuleFrame, TheLibraryFindsItsResourcesInItsOwnModule)
     EXPECT_EQ(AfxGetResourceHandle(), VxDpiModule());
     EXPECT_EQ(AfxGetInstanceHandle(), VxDpiModule());
     EXPECT_EQ(AfxGetApp(), nullptr);
+}
+
+// Writes down the module state that its messages are handled in.
+class StateTeller : public CWnd
+{
+public:
+    AFX_MODULE_STATE* Seen() const { return m_pSeen; }
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        m_pSeen = AfxGetModuleState();
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+
+private:
+    AFX_MODULE_STATE* m_pSeen = nullptr;
+};
+
+// Subclasses a window and has it handle a message under a state; tells in which one it was handled.
+AFX_MODULE_STATE* StateOfMessages(AFX_MODULE_STATE* pStateOfWindow)
+{
+    const TestWindow window;
+    std::unique_ptr<StateTeller> teller;
+    {
+        const CurrentState current(pStateOfWindow);
+        teller = std::make_unique<StateTeller>();
+        teller->SubclassWindow(window.Handle());
+    }
+    ::SendMessageW(window.Handle(), WM_NULL, 0, 0);
+    AFX_MODULE_STATE* const pSeen = teller->Seen();
+    const CurrentState current(pStateOfWindow);
+    teller->UnsubclassWindow();
+    return pSeen;
+}
+
+TEST_F(ModuleFrame, AWindowHandlesItsMessagesInTheStateThatItWasMadeIn)
+{
+    AFX_MODULE_STATE* const pLibraryState = LibraryState();
+    EXPECT_EQ(StateOfMessages(pLibraryState), pLibraryState);
+    EXPECT_EQ(StateOfMessages(AfxGetModuleState()), AfxGetModuleState());
 }
 
 // Looked up from another resource module, only the chain leads to the library.

@@ -1,11 +1,10 @@
 #include "foundation/FrameworkWindow.h"
 #include "foundation/RectFacts.h"
+#include "support/TestDpi.h"
 
 #include <vxdpi/Geometry.h>
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
 
 namespace
 {
@@ -16,7 +15,7 @@ class OnTwoMonitors : public testing::Test
 protected:
     void SetUp() override
     {
-        if (std::getenv("VX_TEST_MONITORS") == nullptr)
+        if (EnvironmentValue("VX_TEST_MONITORS").empty())
             GTEST_SKIP() << "needs two monitors, which only a display of its own has";
         ASSERT_EQ(::GetSystemMetrics(SM_CMONITORS), 2);
     }

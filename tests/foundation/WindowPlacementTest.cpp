@@ -527,6 +527,17 @@ TEST_F(RestoringAWindow, OfMonitorsOfDifferentDpiTheWindowsOwnDpiCounts)
     EXPECT_EQ(ofMonitor.CallCount(), 0);
 }
 
+// A window that grows may come to another monitor by that.
+TEST_F(RestoringAWindow, TheTitleBarIsTheOneThatTheSizedWindowHas)
+{
+    const ImportSpy<decltype(::GetDpiForWindow)> answer(VxDpiModule(), "user32.dll", "GetDpiForWindow",
+                                                        [this](HWND)
+                                                        { return Moves().empty() ? 144u : 192u; });
+    CRect saved(kInside);
+    EXPECT_EQ(MovesFor(saved, {0, 0, 1, 1}).at(0), "SetWindowPos(window, null, 0, 0, 600, 450, 2)");
+    EXPECT_EQ(m_log.Lines().at(1), "GetSystemMetricsForDpi(4, 192)");
+}
+
 TEST_F(RestoringAWindow, AFrameThatTakesUpNothingIsNotReachable)
 {
     m_frame = {0, 0, 0};

@@ -1,6 +1,6 @@
 #include <vxdpi/Images.h>
 
-#include "foundation/LibraryModule.h"
+#include "foundation/ShortMemory.h"
 #include "imaging/IconFiles.h"
 #include "imaging/Icons.h"
 #include "imaging/RecordNamed.h"
@@ -256,6 +256,26 @@ TEST_F(IconOfFile, WithoutNamesThereIsNoGroup)
 {
     const FailKernelCall<decltype(::EnumResourceNamesW)> fail("EnumResourceNamesW", 1, FALSE);
     EXPECT_EQ(CallsOf(m_file.Path(), 0, 24, false), CallsUntil(2));
+}
+
+// No exception goes through the platform's list of names.
+TEST_F(IconOfFile, WithoutMemoryForANameThereIsNoGroup)
+{
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
+    int allocations = 0;
+    const ImportSpy<decltype(::EnumResourceNamesW)> enumerate(
+        VxDpiModule(), kKernel, "EnumResourceNamesW",
+        [&](HMODULE module, LPCWSTR type, ENUMRESNAMEPROCW callback, LONG_PTR list)
+        {
+            const ShortMemory failing;
+            const BOOL answer = enumerate.Original()(module, type, callback, list);
+            allocations = failing.CallCount();
+            return answer;
+        });
+    EXPECT_EQ(CallsOf(m_file.Path(), 0, 24, false), CallsUntil(2));
+    EXPECT_GT(allocations, 0);
+    EXPECT_TRUE(m_file.CanBeReplaced());
 }
 
 TEST_F(IconOfFile, AGroupThatIsNotFoundFreesTheModule)

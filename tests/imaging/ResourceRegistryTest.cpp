@@ -1,5 +1,5 @@
 #include "imaging/RegistryFields.h"
-#include "imaging/ShortMemory.h"
+#include "foundation/ShortMemory.h"
 #include "support/HandleCount.h"
 
 #include <vxdpi/Images.h>
@@ -502,6 +502,8 @@ TEST(CDpiAwareRes, ManyThreadsMayUseOneRegistry)
 
 TEST(CDpiAwareRes, WithoutALockItStaysEmpty)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     const std::unique_ptr<Registry> registry = RegistryWithout(kMutex);
     ASSERT_EQ(FieldsOf(*registry).pMutex, nullptr);
     ASSERT_NE(FieldsOf(*registry).pEntries, nullptr);
@@ -513,6 +515,8 @@ TEST(CDpiAwareRes, WithoutALockItStaysEmpty)
 
 TEST(CDpiAwareRes, WithoutALockTheListIsNotLookedAt)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     const std::unique_ptr<Registry> registry = RegistryWithout(kMutex);
     ResourceInfo entry(96, 11, {});
     FieldsOf(*registry).pEntries->push_back(&entry);
@@ -527,6 +531,8 @@ TEST(CDpiAwareRes, WithoutALockTheListIsNotLookedAt)
 
 TEST(CDpiAwareRes, WithoutALockTheCurrentDpiStays)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     const std::unique_ptr<Registry> registry = RegistryWithout(kMutex);
     registry->UpdateCurrentDpi(144);
     EXPECT_EQ(FieldsOf(*registry).nCurrentDpi, 96u);
@@ -534,6 +540,8 @@ TEST(CDpiAwareRes, WithoutALockTheCurrentDpiStays)
 
 TEST(CDpiAwareRes, WithoutAListItStaysEmpty)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     const std::unique_ptr<Registry> registry = RegistryWithout(kList);
     ASSERT_NE(FieldsOf(*registry).pMutex, nullptr);
     ASSERT_EQ(FieldsOf(*registry).pEntries, nullptr);
@@ -546,6 +554,8 @@ TEST(CDpiAwareRes, WithoutAListItStaysEmpty)
 
 TEST(CDpiAwareRes, WithoutAListTheCurrentDpiFollows)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     const std::unique_ptr<Registry> registry = RegistryWithout(kList);
     registry->UpdateCurrentDpi(144);
     EXPECT_EQ(FieldsOf(*registry).nCurrentDpi, 144u);
@@ -553,6 +563,8 @@ TEST(CDpiAwareRes, WithoutAListTheCurrentDpiFollows)
 
 TEST(CDpiAwareRes, ARegistryShortOfMemoryLeavesNothingBehind)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     EXPECT_NO_LEAK([] { RegistryWithout(kMutex)->Empty(); });
     EXPECT_NO_LEAK([] { RegistryWithout(kList)->Empty(); });
 }
@@ -560,6 +572,8 @@ TEST(CDpiAwareRes, ARegistryShortOfMemoryLeavesNothingBehind)
 // Entry, values and place in the list are allocated one after the other.
 TEST(CDpiAwareRes, RegistrationThrowsWhenMemoryIsShortAndChangesNothing)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     CDpiAwareRes registry;
     Register(registry, {96});
     for (const int failingAllocation : {1, 2, 3})
@@ -574,6 +588,8 @@ TEST(CDpiAwareRes, RegistrationThrowsWhenMemoryIsShortAndChangesNothing)
 
 TEST(CDpiAwareRes, ReplacingThrowsWhenMemoryIsShortWithTheIdReplacedAlready)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     CDpiAwareRes registry;
     registry.RegisterIconResource(96, 11, {16});
     {
@@ -588,7 +604,9 @@ TEST(CDpiAwareRes, ReplacingThrowsWhenMemoryIsShortWithTheIdReplacedAlready)
 // A mutex allocates what it needs when it is locked for the first time.
 TEST(CDpiAwareRes, AFailureToLockIsThrown)
 {
-    CDpiAwareRes registry;
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
+    Registry registry;
     const auto throwsWithoutLock = [](const std::function<void()>& work)
     {
         const ShortMemory noLock(1);
@@ -598,6 +616,7 @@ TEST(CDpiAwareRes, AFailureToLockIsThrown)
     throwsWithoutLock([&] { registry.FindBestResource(); });
     throwsWithoutLock([&] { registry.UpdateCurrentDpi(144); });
     throwsWithoutLock([&] { registry.RegisterIconResource(144, 11, {}); });
+    throwsWithoutLock([&] { registry.ReleaseAllResources(); });
     EXPECT_EQ(FieldsOf(registry).nCurrentDpi, 96u);
     EXPECT_TRUE(FieldsOf(registry).pEntries->empty());
 }

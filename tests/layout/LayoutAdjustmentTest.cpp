@@ -637,7 +637,13 @@ TEST(AdjustLayout, GoesOnBehindAWindowThatIsGone)
     manager.AddControl(children[1], ANCHOR_TOPLEFT, 0, FALSE);
     ::DestroyWindow(children[0]->m_hWnd);
     children[1]->MoveWindow(&kElsewhere);
+    MovingCalls moves;
+    moves.Name(children[0], "gone");
+    moves.Name(children[1], "second");
     manager.AdjustLayout();
+    EXPECT_EQ(moves.Lines(),
+              (Lines{"SetWindowPos(gone, null, 30, 40, 30, 40, 4)", "InvalidateRect(gone, null, 1)",
+                     "SetWindowPos(second, null, 200, 100, 60, 30, 4)", "InvalidateRect(second, null, 1)"}));
     EXPECT_EQ(parent.PlaceOf(children[1]), Edges(200, 100, 260, 130));
     EXPECT_EQ(Edges(manager.RecordOf(children[1]).rcBase96), Edges(200, 100, 260, 130));
 }

@@ -1,4 +1,4 @@
-#include "foundation/LibraryModule.h"
+#include "foundation/ShortMemory.h"
 #include "layout/LayoutFixtures.h"
 #include "support/HandleCount.h"
 #include "support/ImportSpy.h"
@@ -38,16 +38,9 @@ void ExpectSame(const LayoutInfo& info, const LayoutInfo& expected)
     EXPECT_EQ(info.nMarginBottom, expected.nMarginBottom);
 }
 
-// The first allocation of the library fails.
-class NoMemoryForRecords : public FailNthCall<void*(std::size_t)>
-{
-public:
-    NoMemoryForRecords() : FailNthCall(VxDpiModule(), nullptr, "malloc", 1, nullptr) {}
-};
-
 OpenLayoutManager ManagerWithoutRecords(CWnd* pParent)
 {
-    const NoMemoryForRecords noMemory;
+    const ShortMemory noMemory;
     return OpenLayoutManager(pParent);
 }
 
@@ -322,6 +315,8 @@ TEST(AddControl, NeitherMovesNorCaptures)
 
 TEST(LayoutManagerWithoutMemory, HasNoListOfRecords)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     LayoutParent parent;
     const OpenLayoutManager manager = ManagerWithoutRecords(parent.Window());
     EXPECT_EQ(manager.m_pLayouts, nullptr);
@@ -332,6 +327,8 @@ TEST(LayoutManagerWithoutMemory, HasNoListOfRecords)
 
 TEST(LayoutManagerWithoutMemory, RegistersNothing)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     LayoutParent parent;
     CWnd* const pChild = parent.AddChild(kId, kPlace);
     OpenLayoutManager manager = ManagerWithoutRecords(parent.Window());
@@ -343,6 +340,8 @@ TEST(LayoutManagerWithoutMemory, RegistersNothing)
 
 TEST(LayoutManagerWithoutMemory, NeitherCapturesNorLaysOut)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     LayoutParent parent;
     parent.AddChild(kId, kPlace);
     OpenLayoutManager manager = ManagerWithoutRecords(parent.Window());
@@ -357,6 +356,8 @@ TEST(LayoutManagerWithoutMemory, NeitherCapturesNorLaysOut)
 
 TEST(LayoutManagerWithoutMemory, StillScales)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     OpenLayoutManager manager = ManagerWithoutRecords(nullptr);
     manager.UpdateDpi(144);
     EXPECT_EQ(manager.ScaleX(10), 15);
@@ -364,6 +365,8 @@ TEST(LayoutManagerWithoutMemory, StillScales)
 
 TEST(LayoutManagerWithoutMemory, LeavesNothingBehind)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     EXPECT_NO_LEAK([] { ManagerWithoutRecords(nullptr); });
 }
 
@@ -431,6 +434,8 @@ TEST(LayoutManagerCopy, ByAssignmentIsTheSame)
 
 TEST(LayoutManagerCopy, ByAssignmentDoesNotFreeTheRecordsThatItHad)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     OpenLayoutManager manager(nullptr);
     OpenLayoutManager other(nullptr);
     auto* const pOwnRecords = other.m_pLayouts;
@@ -442,6 +447,8 @@ TEST(LayoutManagerCopy, ByAssignmentDoesNotFreeTheRecordsThatItHad)
 
 TEST(LayoutManagerCopy, OfAManagerWithoutMemoryHasNoRecordsEither)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     const OpenLayoutManager manager = ManagerWithoutRecords(nullptr);
     const OpenLayoutManager copy(manager);
     EXPECT_EQ(copy.m_pLayouts, nullptr);
@@ -449,6 +456,8 @@ TEST(LayoutManagerCopy, OfAManagerWithoutMemoryHasNoRecordsEither)
 
 TEST(LayoutManagerCopy, FreesTheSharedRecordsWhenItIsDestroyed)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     OpenLayoutManager manager(nullptr);
     const FreesOf frees(manager.m_pLayouts);
     {
@@ -460,6 +469,8 @@ TEST(LayoutManagerCopy, FreesTheSharedRecordsWhenItIsDestroyed)
 
 TEST(LayoutManagerCopy, MayOutliveTheOriginalThatLetGoOfTheRecords)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     auto manager = std::make_unique<OpenLayoutManager>(nullptr);
     const OpenLayoutManager copy(*manager);
     const FreesOf frees(copy.m_pLayouts);

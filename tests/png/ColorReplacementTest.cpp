@@ -1,5 +1,6 @@
 #include <vxdpi/Png.h>
 
+#include "foundation/ShortMemory.h"
 #include "imaging/RegistryFields.h"
 #include "png/DrawingCalls.h"
 #include "png/LoadingCalls.h"
@@ -210,6 +211,21 @@ TEST_F(ReplaceColor, NothingButTheDecodedBitmapIsKeptWhenItCannotBeLocked)
             Replace(96);
             live.DeleteAll();
         });
+}
+
+TEST_F(ReplaceColor, WithoutMemoryForTheLockThereIsNoBitmapAndNoneIsKept)
+{
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
+    Register(96, IDR_PNG_16);
+    Replace(96); // from here on the registry's mutex needs no memory
+    const LiveBitmaps live;
+    {
+        const ShortMemory failing;
+        EXPECT_EQ(Replace(96), nullptr);
+        EXPECT_GT(failing.CallCount(), 0);
+    }
+    EXPECT_EQ(live.Count(), 0u);
 }
 
 TEST_F(ReplaceColor, LeavesNothingBehindButItsResult)

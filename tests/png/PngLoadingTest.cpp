@@ -312,6 +312,29 @@ TEST_F(PngLoading, ABitmapWithABadStatusIsDeleted)
     EXPECT_EQ(live.Count(), 0u);
 }
 
+TEST_F(PngLoading, TheStreamIsReleasedBeforeABadBitmapIsDeleted)
+{
+    CallLog log;
+    IStream* pAnyStream = nullptr;
+    ASSERT_EQ(::CreateStreamOnHGlobal(nullptr, TRUE, &pAnyStream), S_OK);
+    {
+        const ImportSpy<decltype(Gdiplus::DllExports::GdipCreateBitmapFromStream)> fail(
+            VxDpiModule(), "gdiplus.dll", "GdipCreateBitmapFromStream",
+            [](IStream*, Gdiplus::GpBitmap**) { return Gdiplus::GenericError; });
+        const RecordCalls<decltype(Gdiplus::DllExports::GdipDisposeImage)> dispose(
+            log, VxDpiModule(), "gdiplus.dll", "GdipDisposeImage");
+        ComMethodSpy<ULONG(IStream*)> release(pAnyStream, 2, "Release",
+                                              [&](IStream* pStream)
+                                              {
+                                                  log.Write("Release");
+                                                  return release.Original()(pStream);
+                                              });
+        EXPECT_EQ(LoadFromProgram(IDR_PNG_16), nullptr);
+    }
+    pAnyStream->Release();
+    EXPECT_EQ(log.Lines(), (CallLog::LineList{"Release", "GdipDisposeImage(null)"}));
+}
+
 TEST_F(PngLoading, AllIsReleasedWithTheBitmap)
 {
     EXPECT_NO_LEAK([this] { LoadFromProgram(IDR_PNG_16); });

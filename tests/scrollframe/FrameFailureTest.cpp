@@ -1,4 +1,4 @@
-#include "foundation/LibraryModule.h"
+#include "foundation/ShortMemory.h"
 #include "scrollframe/FrameFixtures.h"
 #include "support/HandleCount.h"
 
@@ -77,7 +77,7 @@ private:
                                                          m_isArmed = nIndex == GWL_EXSTYLE;
                                                          return m_write.Original()(hWnd, nIndex, value);
                                                      }};
-    ImportSpy<void*(std::size_t)> m_malloc{VxDpiModule(), "msvcrt.dll", "malloc",
+    ImportSpy<void*(std::size_t)> m_malloc{VxDpiModule(), nullptr, "malloc",
                                            [this](std::size_t size)
                                            {
                                                if (!m_isArmed || ++m_count != m_failing)
@@ -274,6 +274,8 @@ TEST(ScrollFrameFailures, APairWithoutAButtonIsAFailure)
 // The first allocation is the list's own.
 TEST(ScrollFrameFailures, WithoutMemoryForAProxyAllProxiesGo)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     for (const int failing : {2, 3})
     {
         MainWindow mainWindow;
@@ -298,6 +300,8 @@ TEST(ScrollFrameFailures, WithoutMemoryForAProxyAllProxiesGo)
 
 TEST(ScrollFrameFailures, WithoutMemoryForAProxyNothingIsLeft)
 {
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
     ExpectFailureWithoutTrace([] { return std::make_unique<ProxyAllocations>(3); });
 }
 

@@ -92,8 +92,7 @@ TEST(TestDpi, IsTheSystemsAndTheAnnouncedOne)
 
 TEST(TestDpi, ADifferenceFromTheAnnouncedOneThrows)
 {
-    const char* const announced = std::getenv("VX_TEST_DPI");
-    const std::string kept = announced != nullptr ? announced : "";
+    const std::string kept = EnvironmentValue("VX_TEST_DPI");
     ::_putenv_s("VX_TEST_DPI", "97");
     EXPECT_THROW(TestDpi(), std::runtime_error);
     ::_putenv_s("VX_TEST_DPI", kept.c_str());

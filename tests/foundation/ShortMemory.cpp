@@ -1,0 +1,10 @@
+#include "foundation/ShortMemory.h"
+
+bool CanMemoryFail()
+{
+#if defined(__MINGW32__)
+    return true;
+#else
+    return false;
+#endif
+}
