@@ -8,7 +8,8 @@ install(TARGETS vxdpi vxdpi_framework EXPORT vxdpiTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(DIRECTORY include/vxdpi DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
-install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 if(MSVC)
     install(FILES $<TARGET_PDB_FILE:vxdpi> DESTINATION ${CMAKE_INSTALL_BINDIR} OPTIONAL)
 else()
@@ -40,4 +41,6 @@ set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 # Packages of different compilers can't take each other's place, so that their names tell them apart.
 string(TOLOWER ${CMAKE_CXX_COMPILER_ID} compiler)
 set(CPACK_PACKAGE_FILE_NAME vxdpi-${PROJECT_VERSION}-windows-x64-${compiler})
-include(CPack)
+if(PROJECT_IS_TOP_LEVEL)
+    include(CPack)
+endif()

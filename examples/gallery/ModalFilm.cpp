@@ -32,6 +32,7 @@ std::vector<Snapshot> CModalFilm::Shoot(CWnd* pParent, const Action& show, std::
     if (!Create(::AfxRegisterWndClass(0), L"", WS_CHILD, CRect(0, 0, 0, 0), pParent, 0))
         return {};
 
+    ::SetCursorPos(0, 0); // away from the controls, which would be drawn as under the pointer
     SetTimer(kTimerId, kMilliseconds, nullptr);
     show();
     DestroyWindow();

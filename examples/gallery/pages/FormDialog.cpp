@@ -8,6 +8,7 @@ namespace
 {
 constexpr UINT kHorizontalBarId = 1;
 constexpr UINT kVerticalBarId = 2;
+constexpr int kMostRounds = 3; // one bar, the other one, and what both leave
 
 struct FieldText
 {
@@ -61,7 +62,8 @@ void CWindowBarsForm::AdjustLayout()
         return; // a bar was shown or hidden, which takes room from the form or gives it back
 
     m_bUpdating = true;
-    while (m_bSizedMeanwhile)
+    // A stretched control may fit without bars only: it would make them come and go for ever.
+    for (int nRound = 0; m_bSizedMeanwhile && nRound < kMostRounds; ++nRound)
     {
         m_bSizedMeanwhile = false;
         CFormDialog::AdjustLayout();

@@ -1,5 +1,7 @@
 #include "FrameParts.h"
 
+#include "../resource.h"
+
 #include <vxdpi/Dpi.h>
 
 namespace
@@ -44,6 +46,13 @@ CWnd* FindVerticalBar(const CDialog& dialog)
                       { return HasClass(window, L"ScrollBar") && (window.GetStyle() & SBS_VERT) != 0; });
 }
 } // namespace
+
+void SetGalleryIcon(CDialog& dialog)
+{
+    const HICON hIcon = ::AfxGetApp()->LoadIcon(IDI_GALLERY);
+    dialog.SetIcon(hIcon, FALSE);
+    dialog.SetIcon(hIcon, TRUE);
+}
 
 void GrowForFrame(CDialog& dialog)
 {

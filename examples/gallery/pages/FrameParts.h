@@ -2,6 +2,9 @@
 
 #include <afxwin.h>
 
+/// Gives a dialog the gallery's icons, which a scrolling frame takes over.
+void SetGalleryIcon(CDialog& dialog);
+
 /// Gives a dialog that is about to be shown in a scrolling frame, which takes its size, the room for the
 /// frame's margins, bars and buttons, so that nothing has to be scrolled where the monitor has room for all.
 void GrowForFrame(CDialog& dialog);

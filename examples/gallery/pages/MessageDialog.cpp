@@ -47,6 +47,7 @@ void CMessageDialog::DoDataExchange(CDataExchange* pDX)
 BOOL CMessageDialog::OnInitDialog()
 {
     CDialog::OnInitDialog();
+    SetGalleryIcon(*this);
     CheckDlgButton(IDC_MESSAGE_READ, BST_CHECKED);
     if (m_bInFrame)
         GrowForFrame(*this);

@@ -85,6 +85,7 @@ void CSettingsDialog::DoDataExchange(CDataExchange* pDX)
 BOOL CSettingsDialog::OnInitDialog()
 {
     CDpiDialog::OnInitDialog();
+    SetGalleryIcon(*this);
     FillFields();
     AddControls();
     ArrangeControls(); // the first time captures the designed places
