@@ -1,5 +1,7 @@
 #include "support/CallTrace.h"
 
+#include "support/FrameworkNames.h"
+
 #include <algorithm>
 #include <cstring>
 #include <iterator>
@@ -7,7 +9,8 @@
 
 namespace
 {
-// Keeps the registers that pass arguments, tells Record which import it is, and goes on to the original.
+// Keeps the registers that pass arguments, tells Record which import it is and who
+// calls it, and goes on to the original.
 constexpr unsigned char kStandIn[] = {
     0x48, 0x81, 0xEC, 0x98, 0,    0,    0,                   // sub rsp, 98h
     0x48, 0x89, 0x4C, 0x24, 0x20,                            // mov [rsp + 20h], rcx
@@ -19,6 +22,7 @@ constexpr unsigned char kStandIn[] = {
     0x0F, 0x11, 0x54, 0x24, 0x60,                            // movups [rsp + 60h], xmm2
     0x0F, 0x11, 0x5C, 0x24, 0x70,                            // movups [rsp + 70h], xmm3
     0xB9, 0,    0,    0,    0,                               // mov ecx, index
+    0x48, 0x8B, 0x94, 0x24, 0x98, 0,    0,    0,             // mov rdx, [rsp + 98h]
     0x48, 0xB8, 0,    0,    0,    0,    0,    0,    0,    0, // mov rax, Record
     0xFF, 0xD0,                                              // call rax
     0x48, 0x8B, 0x4C, 0x24, 0x20,                            // and back
@@ -29,7 +33,7 @@ constexpr unsigned char kStandIn[] = {
     0xFF, 0xE0,                                                                      // jmp rax
 };
 constexpr std::size_t kIndexAt = 48;
-constexpr std::size_t kRecordAt = 54;
+constexpr std::size_t kRecordAt = 62;
 constexpr std::size_t kOriginalAt = sizeof kStandIn - 10;
 
 bool IsFollowed(const char* dllName, const char* functionName)
@@ -66,7 +70,7 @@ void Store(void** function, void* value)
 
 CallTrace* CallTrace::s_current = nullptr;
 
-CallTrace::CallTrace(const std::vector<HMODULE>& modules)
+CallTrace::CallTrace(const std::vector<HMODULE>& modules, HMODULE framework) : m_framework(framework)
 {
     if (s_current)
         throw std::logic_error("a trace is running already");
@@ -87,6 +91,12 @@ CallTrace::~CallTrace()
 const CallNames& CallTrace::Calls() const
 {
     return m_calls;
+}
+
+bool CallTrace::FollowsFramework() const
+{
+    return std::any_of(m_imports.begin(), m_imports.end(),
+                       [](const Import& import) { return import.isOfFramework; });
 }
 
 void CallTrace::Write(const std::string& name)
@@ -111,13 +121,32 @@ void CallTrace::Collect(HMODULE module)
         {
             if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal))
                 continue;
-            const char* const functionName = At<IMAGE_IMPORT_BY_NAME>(module, name->u1.AddressOfData)->Name;
-            if (IsFollowed(At<char>(module, dll->Name), functionName))
-                m_imports.push_back({function, *function, functionName});
+            Add(At<char>(module, dll->Name), At<IMAGE_IMPORT_BY_NAME>(module, name->u1.AddressOfData)->Name,
+                function);
         }
     }
     if (m_imports.size() == before)
         throw std::runtime_error("the module imports nothing that is followed");
+}
+
+void CallTrace::Add(const char* dllName, const char* functionName, void** function)
+{
+    if (IsFollowed(dllName, functionName))
+    {
+        m_imports.push_back({function, *function, functionName, false});
+        return;
+    }
+    const std::string name = FrameworkFunctionName(functionName);
+    if (!name.empty() && IsInFramework(*function))
+        m_imports.push_back({function, *function, name, true});
+}
+
+bool CallTrace::IsInFramework(const void* code) const
+{
+    HMODULE module = nullptr;
+    const DWORD flags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+    return m_framework && ::GetModuleHandleExW(flags, static_cast<LPCWSTR>(code), &module) &&
+           module == m_framework;
 }
 
 void CallTrace::ReplaceAll()
@@ -145,10 +174,14 @@ void CallTrace::WriteStandIn(unsigned char* code, std::size_t index) const
     std::memcpy(code + kOriginalAt, &original, sizeof original);
 }
 
-void CallTrace::Record(unsigned index)
+void CallTrace::Record(unsigned index, const void* caller)
 {
     const DWORD error = ::GetLastError();
     if (s_current)
-        s_current->m_calls.push_back(s_current->m_imports[index].name);
+    {
+        const Import& import = s_current->m_imports[index];
+        if (!import.isOfFramework || !s_current->IsInFramework(caller))
+            s_current->m_calls.push_back(import.name);
+    }
     ::SetLastError(error);
 }

@@ -20,18 +20,25 @@ using CallNames = std::vector<std::string>;
 // for resources and memory; what a run-time library calls for itself is not. Methods of COM objects are seen
 // only where a stand-in of the test's writes them down. A spy that makes a call fail is started before the
 // trace: a trace covers the spies that are there, and the failing call is written down as well.
+//
+// With a framework, what the modules call of it is written down too, as "CWnd::GetDlgItem", unless it is
+// mere bookkeeping; see FrameworkNames.h. What the framework calls of itself is not, not even through
+// a module's tables of virtual functions.
 class CallTrace
 {
 public:
     // Throws std::runtime_error when a module imports nothing that is followed, and std::logic_error when
     // another trace is running.
-    explicit CallTrace(const std::vector<HMODULE>& modules);
+    explicit CallTrace(const std::vector<HMODULE>& modules, HMODULE framework = nullptr);
     ~CallTrace();
 
     CallTrace(const CallTrace&) = delete;
     CallTrace& operator=(const CallTrace&) = delete;
 
     const CallNames& Calls() const;
+
+    // Whether the modules import anything of the framework by name.
+    bool FollowsFramework() const;
 
     // Adds a call that goes by no import to the running trace, if there is one.
     static void Write(const std::string& name);
@@ -42,16 +49,20 @@ private:
         void** function;
         void* original;
         std::string name;
+        bool isOfFramework;
     };
 
-    static void Record(unsigned index);
+    static void Record(unsigned index, const void* caller);
 
     static CallTrace* s_current;
 
     void Collect(HMODULE module);
+    void Add(const char* dllName, const char* functionName, void** function);
+    bool IsInFramework(const void* code) const;
     void WriteStandIn(unsigned char* code, std::size_t index) const;
     void ReplaceAll();
 
+    HMODULE m_framework;
     std::vector<Import> m_imports;
     unsigned char* m_code = nullptr; // a stand-in for each import
     CallNames m_calls;

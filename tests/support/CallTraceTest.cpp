@@ -1,11 +1,15 @@
 #include "support/CallTrace.h"
 
+#include "foundation/FrameworkWindow.h"
 #include "foundation/LibraryModule.h"
+#include "support/FrameworkNames.h"
 #include "support/GdiPlusSession.h"
 #include "support/ImportSpy.h"
 #include "support/TestWindow.h"
 
+#include <vxdpi/Controls.h>
 #include <vxdpi/Dpi.h>
+#include <vxdpi/Layout.h>
 
 #include <gtest/gtest.h>
 
@@ -72,6 +76,53 @@ TEST(CallTrace, FollowsOneModuleOrSeveral)
     g_askMetric(SM_CXSIZE);
     VxSafeGetDpiForWindow(window.Handle());
     EXPECT_EQ(trace.Calls(), (CallNames{"GetSystemMetrics", "IsWindow", "GetDpiForWindow"}));
+}
+
+TEST(CallTrace, NamesWhatIsCalledOfTheFramework)
+{
+    FrameworkWindow window;
+    const CallTrace trace({VxDpiModule()}, FrameworkModule());
+    if (!trace.FollowsFramework())
+        GTEST_SKIP() << "this framework's functions have no names";
+    CButton child;
+    child.Create(L"", WS_CHILD, CRect(0, 0, 10, 10), window.Object(), 1);
+    CDpiLayoutManager manager(window.Object());
+    manager.AddControl(1u, ANCHOR_TOPLEFT, 0, FALSE);
+    EXPECT_EQ(trace.Calls(), (CallNames{"CWnd::GetDlgItem", "CWnd::GetDlgCtrlID"}));
+}
+
+TEST(CallTrace, LeavesOutWhatTheFrameworkCallsOfItself)
+{
+    FrameworkWindow parent;
+    CRealButton button; // its window procedure leads to functions that the library has in its tables
+    button.Create(L"", WS_CHILD, CRect(0, 0, 10, 10), parent.Object(), 1);
+    const CallTrace trace({VxDpiModule()}, FrameworkModule());
+    button.SendMessage(BM_CLICK, 0, 0);
+    EXPECT_EQ(trace.Calls(), CallNames());
+}
+
+TEST(FrameworkNames, AreReadFromExports)
+{
+    EXPECT_EQ(FrameworkFunctionName("_Z20AfxGetResourceHandlev"), "AfxGetResourceHandle");
+    EXPECT_EQ(FrameworkFunctionName("_ZN4CWnd7SetFontEP5CFonti"), "CWnd::SetFont");
+    EXPECT_EQ(FrameworkFunctionName("_ZNK4CWnd10GetDlgItemEi"), "CWnd::GetDlgItem");
+    EXPECT_EQ(FrameworkFunctionName("_ZN9CClientDCC1EP4CWnd"), "CClientDC::CClientDC");
+    EXPECT_EQ(FrameworkFunctionName("_ZN3CDCD2Ev"), "CDC::~CDC");
+}
+
+TEST(FrameworkNames, LeaveOutDataBookkeepingAndOtherExports)
+{
+    EXPECT_EQ(FrameworkFunctionName("_ZN5CView10classCViewE"), "");
+    EXPECT_EQ(FrameworkFunctionName("_ZN7CButtonC2Ev"), "");
+    EXPECT_EQ(FrameworkFunctionName("_ZN7CButtonD2Ev"), "");
+    EXPECT_EQ(FrameworkFunctionName("_ZNK4CWnd11GetSafeHwndEv"), "");
+    EXPECT_EQ(FrameworkFunctionName("_ZN5CView17GetThisMessageMapEv"), "");
+    EXPECT_EQ(FrameworkFunctionName("_ZNK5CFont15GetRuntimeClassEv"), "");
+    EXPECT_EQ(FrameworkFunctionName("_ZN14CSimpleStringTIwLb1EEC2Ev"), "");
+    EXPECT_EQ(FrameworkFunctionName("_ZTV5CView"), "");
+    EXPECT_EQ(FrameworkFunctionName("_Z99Short"), "Short");
+    EXPECT_EQ(FrameworkFunctionName("?GetDlgItem@CWnd@@QEBAPEAV1@H@Z"), "");
+    EXPECT_EQ(FrameworkFunctionName(""), "");
 }
 
 TEST(CallTrace, BringsAllImportsBack)
