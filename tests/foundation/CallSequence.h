@@ -9,18 +9,25 @@
 #include <initializer_list>
 #include <string>
 
-// Tests that pin whatever the library calls of the platform and the framework: names alone, but all of them in
-// their order. A call more or less, or another order, is a failure. Arguments are the business of other tests.
+// Tests that pin whatever the library calls of the platform and the framework: names alone, but all of them
+// in their order. A call more or less, or another order, is a failure. Arguments are the business of other
+// tests.
 //
 //     EXPECT_TRUE(AreCalls(CallsOf([&] { VxSafeGetDpiForWindow(hWnd); }), {"IsWindow", "GetDpiForWindow"}));
 
-// The calls that work makes from the library.
+// The calls that work makes from the library, or from a copy of it.
+template<typename Work>
+CallNames CallsOf(HMODULE library, const Work& work)
+{
+    const CallTrace trace({library}, FrameworkModule());
+    work();
+    return trace.Calls();
+}
+
 template<typename Work>
 CallNames CallsOf(const Work& work)
 {
-    const CallTrace trace({VxDpiModule()}, FrameworkModule());
-    work();
-    return trace.Calls();
+    return CallsOf(VxDpiModule(), work);
 }
 
 inline std::string ListOf(const CallNames& names)

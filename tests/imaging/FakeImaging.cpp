@@ -1,5 +1,7 @@
 #include "imaging/FakeImaging.h"
 
+#include "support/CallTrace.h"
+
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -39,6 +41,7 @@ protected:
     void WriteCall(const char* method, const Args&... args)
     {
         m_scene.log.WriteCall(m_name + "." + method, args...);
+        CallTrace::Write(m_name + "." + method);
     }
 
     Scene& m_scene;

@@ -23,7 +23,7 @@ enum class ImagingStep
 
 // An imaging component of the tests' own. Whatever icon and size it is asked for, it answers with one
 // picture; each call that matters is written into a log, in which the objects are named "source", "scaler"
-// and "converter".
+// and "converter", and among the other calls of a trace.
 class FakeImaging
 {
 public:
