@@ -178,10 +178,21 @@ void CallTrace::Record(unsigned index, const void* caller)
 {
     const DWORD error = ::GetLastError();
     if (s_current)
-    {
-        const Import& import = s_current->m_imports[index];
-        if (!import.isOfFramework || !s_current->IsInFramework(caller))
-            s_current->m_calls.push_back(import.name);
-    }
+        s_current->Take(s_current->m_imports[index], caller);
     ::SetLastError(error);
+}
+
+void CallTrace::Take(const Import& import, const void* caller)
+{
+    if (import.isOfFramework)
+    {
+        if (IsInFramework(caller))
+            return;
+        // A function of the framework that ends in a call of another leaves its own caller to it.
+        if (m_last && m_last != &import && m_lastCaller == caller)
+            return;
+        m_last = &import;
+        m_lastCaller = caller;
+    }
+    m_calls.push_back(import.name);
 }

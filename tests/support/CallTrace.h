@@ -59,6 +59,7 @@ private:
     void Collect(HMODULE module);
     void Add(const char* dllName, const char* functionName, void** function);
     bool IsInFramework(const void* code) const;
+    void Take(const Import& import, const void* caller);
     void WriteStandIn(unsigned char* code, std::size_t index) const;
     void ReplaceAll();
 
@@ -66,4 +67,8 @@ private:
     std::vector<Import> m_imports;
     unsigned char* m_code = nullptr; // a stand-in for each import
     CallNames m_calls;
+
+    // The last call of the framework, and where it returns to.
+    const Import* m_last = nullptr;
+    const void* m_lastCaller = nullptr;
 };

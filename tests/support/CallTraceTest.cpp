@@ -101,6 +101,24 @@ TEST(CallTrace, LeavesOutWhatTheFrameworkCallsOfItself)
     EXPECT_EQ(trace.Calls(), CallNames());
 }
 
+TEST(CallTrace, TakesACallThatIsRepeatedFromOnePlaceEachTime)
+{
+    class OpenHeader : public CDpiAwareHeaderCtrl
+    {
+    public:
+        using CDpiAwareHeaderCtrl::OnMouseMove;
+    };
+    FrameworkWindow parent;
+    OpenHeader header;
+    header.Create(WS_CHILD, CRect(0, 0, 10, 10), parent.Object(), 1);
+    const CallTrace trace({VxDpiModule()}, FrameworkModule());
+    if (!trace.FollowsFramework())
+        GTEST_SKIP() << "this framework's functions have no names";
+    for (int i = 0; i < 2; ++i)
+        header.OnMouseMove(0, CPoint(1, 1)); // ends in the framework's, and that in the default processing
+    EXPECT_EQ(trace.Calls(), (CallNames{"CWnd::OnMouseMove", "CWnd::OnMouseMove"}));
+}
+
 TEST(FrameworkNames, AreReadFromExports)
 {
     EXPECT_EQ(FrameworkFunctionName("_Z20AfxGetResourceHandlev"), "AfxGetResourceHandle");
