@@ -1,6 +1,9 @@
+#include <foundation/GuardedScaling.h>
 #include <imaging/VariantChoice.h>
 #include <layout/Placement.h>
+#include <scrollframe/ButtonBand.h>
 #include <scrollframe/ScrollAxis.h>
+#include <scrollframe/ViewPlaces.h>
 
 #include <benchmark/benchmark.h>
 
@@ -83,8 +86,47 @@ void ScrollUpdate(benchmark::State& state)
         }
     }
 }
+
+/// The buttons along the bottom, and what lies above them, as when the view of a large dialog was resized.
+void ViewLayout(benchmark::State& state)
+{
+    constexpr LONG kGap = 8;
+    constexpr LONG kMargin = 15;
+    constexpr LONG kBarThickness = 30;
+    RECT client = {0, 0, 1200, 900};
+    SIZE button = {113, 34};
+    for ([[maybe_unused]] auto turn : state)
+    {
+        benchmark::DoNotOptimize(client);
+        ButtonBand band(client, kGap);
+        for (std::int64_t i = 0; i < state.range(0); ++i)
+        {
+            benchmark::DoNotOptimize(button);
+            benchmark::DoNotOptimize(band.Add(button));
+        }
+        const SIZE size = {client.right, client.bottom};
+        benchmark::DoNotOptimize(PlacesIn(size, kMargin, kBarThickness, band.Height()));
+    }
+}
+
+/// With the platform's part of it, a multiplication and a division.
+void Scaling(benchmark::State& state)
+{
+    INT length = 16;
+    UINT dpi = 144;
+    UINT base = 96;
+    for ([[maybe_unused]] auto turn : state)
+    {
+        benchmark::DoNotOptimize(length);
+        benchmark::DoNotOptimize(dpi);
+        benchmark::DoNotOptimize(base);
+        benchmark::DoNotOptimize(GuardedScale(length, dpi, base));
+    }
+}
 } // namespace
 
 BENCHMARK(Lookup)->Arg(4)->Arg(64)->Arg(1024);
 BENCHMARK(Layout)->Arg(10)->Arg(100)->Arg(1000)->Arg(10000);
 BENCHMARK(ScrollUpdate);
+BENCHMARK(ViewLayout)->Arg(10);
+BENCHMARK(Scaling);

@@ -1,4 +1,5 @@
 #include "Bounds.h"
+#include "Sides.h"
 
 #include <imaging/IconMask.h>
 #include <png/ColorReplacement.h>
@@ -23,8 +24,6 @@ enum class Alpha
     Random
 };
 
-constexpr std::int64_t kSmallSide = 256;
-constexpr std::int64_t kLargeSide = 4096;
 constexpr DWORD kAlphaMask = 0xFF000000;
 constexpr DWORD kColor = 0x00203040;
 
@@ -165,19 +164,25 @@ void MaskPlain(benchmark::State& state)
 
 void AtBothSizes(benchmark::internal::Benchmark* pBenchmark)
 {
-    pBenchmark->Arg(kSmallSide)->Arg(kLargeSide);
+    pBenchmark->Arg(Sides::kSmall)->Arg(Sides::kLarge);
+}
+
+void AtAllSizes(benchmark::internal::Benchmark* pBenchmark)
+{
+    pBenchmark->Arg(Sides::kCached.from)->Arg(Sides::kSmall)->Arg(Sides::kCached.to);
+    pBenchmark->Arg(Sides::kUncached.from)->Arg(Sides::kUncached.to);
 }
 } // namespace
 
-BENCHMARK(ReadWrite)->Apply(AtBothSizes);
-BENCHMARK(Read)->Apply(AtBothSizes);
-BENCHMARK(Premultiply)->Apply(AtBothSizes);
+BENCHMARK(ReadWrite)->Apply(AtAllSizes);
+BENCHMARK(Read)->Apply(AtAllSizes);
+BENCHMARK(Premultiply)->Apply(AtAllSizes);
 BENCHMARK(PremultiplyPlain)->Apply(AtBothSizes);
 BENCHMARK(PremultiplyRandom)->Apply(AtBothSizes);
 BENCHMARK(PremultiplyRandomPlain)->Apply(AtBothSizes);
-BENCHMARK(Replace)->Apply(AtBothSizes);
+BENCHMARK(Replace)->Apply(AtAllSizes);
 BENCHMARK(ReplacePlain)->Apply(AtBothSizes);
-BENCHMARK(Disable)->Apply(AtBothSizes);
+BENCHMARK(Disable)->Apply(AtAllSizes);
 BENCHMARK(DisablePlain)->Apply(AtBothSizes);
-BENCHMARK(Mask)->Apply(AtBothSizes);
+BENCHMARK(Mask)->Apply(AtAllSizes);
 BENCHMARK(MaskPlain)->Apply(AtBothSizes);

@@ -1,13 +1,11 @@
 #include "RatioTable.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
 namespace
 {
-constexpr int kSmallSide = 256;
-constexpr int kLargeSide = 4096;
-
 std::string At(const std::string& name, int argument)
 {
     return name + "/" + std::to_string(argument);
@@ -56,6 +54,12 @@ bool RatioTable::Write() const
     met = WriteCost("Layout of a control among 10", NanosecondsOf("Layout/10") / 10, 20) && met;
     met = WriteCost("Layout of a control among 10000", NanosecondsOf("Layout/10000") / 10000, 20) && met;
     met = WriteCost("ScrollUpdate, both axes", NanosecondsOf("ScrollUpdate"), 100) && met;
+    met = WriteCost("ViewLayout with 10 buttons", NanosecondsOf("ViewLayout/10"), 50 + 5 * 10) && met;
+    met = WriteCost("Scaling, guarded", NanosecondsOf("Scaling"), 3) && met;
+    met = WritePixelGrowth("Premultiply", "ReadWrite") && met;
+    met = WritePixelGrowth("Replace", "ReadWrite") && met;
+    met = WritePixelGrowth("Mask", "Read") && met;
+    met = WritePixelGrowth("Disable", "ReadWrite") && met;
     met = WriteGrowth("Lookup", 64, 1024, 1.05) && met;
     met = WriteGrowth("Layout", 100, 1000, 1.05) && met;
     // Beyond the second cache the walk through the map slows down.
@@ -71,8 +75,8 @@ double RatioTable::NanosecondsOf(const std::string& name) const
 bool RatioTable::WriteBound(const std::string& kernel, const std::string& bound, double small,
                             double large) const
 {
-    const bool isSmallMet = WriteBoundAt(kSmallSide, kernel, bound, small);
-    return WriteBoundAt(kLargeSide, kernel, bound, large) && isSmallMet;
+    const bool isSmallMet = WriteBoundAt(Sides::kSmall, kernel, bound, small);
+    return WriteBoundAt(Sides::kLarge, kernel, bound, large) && isSmallMet;
 }
 
 bool RatioTable::WriteBoundAt(int side, const std::string& kernel, const std::string& bound,
@@ -88,11 +92,11 @@ bool RatioTable::WriteBoundAt(int side, const std::string& kernel, const std::st
 
 bool RatioTable::WriteSpeedUp(const std::string& kernel, double target) const
 {
-    const double time = NanosecondsOf(At(kernel + "Plain", kSmallSide));
-    const double speedUp = time / NanosecondsOf(At(kernel, kSmallSide));
+    const double time = NanosecondsOf(At(kernel + "Plain", Sides::kSmall));
+    const double speedUp = time / NanosecondsOf(At(kernel, Sides::kSmall));
     std::printf("| own | %sPlain, %d x %d px, against %s | %.2f | | at least %.2f | %s | %.3f ns/px |\n",
-                kernel.c_str(), kSmallSide, kSmallSide, kernel.c_str(), speedUp, target,
-                Verdict(speedUp >= target), time / kSmallSide / kSmallSide);
+                kernel.c_str(), Sides::kSmall, Sides::kSmall, kernel.c_str(), speedUp, target,
+                Verdict(speedUp >= target), time / Sides::kSmall / Sides::kSmall);
     return speedUp >= target;
 }
 
@@ -105,9 +109,37 @@ bool RatioTable::WriteCost(const std::string& what, double nanoseconds, double t
 
 bool RatioTable::WriteGrowth(const std::string& name, int from, int to, double target) const
 {
-    const double growth = NanosecondsOf(At(name, to)) / NanosecondsOf(At(name, from));
-    const double exponent = std::log(growth) / std::log(static_cast<double>(to) / from);
+    const double exponent = Exponent(name, from, to);
     std::printf("| own | %s, exponent of the growth from %d to %d | %.2f | | at most %.2f | %s | |\n",
                 name.c_str(), from, to, exponent, target, Verdict(exponent <= target));
     return exponent <= target;
+}
+
+bool RatioTable::WritePixelGrowth(const std::string& kernel, const std::string& bound) const
+{
+    const bool isCachedMet = WritePixelGrowthIn(Sides::kCached, kernel, bound);
+    return WritePixelGrowthIn(Sides::kUncached, kernel, bound) && isCachedMet;
+}
+
+/// A side counts twice in the number of pixels. What memory itself takes more for each further pixel is no fault
+/// of the kernel.
+bool RatioTable::WritePixelGrowthIn(Sides::Span span, const std::string& kernel,
+                                    const std::string& bound) const
+{
+    constexpr double kTolerance = 0.05;
+    const double exponent = Exponent(kernel, span.from, span.to) / 2;
+    const double boundExponent = Exponent(bound, span.from, span.to) / 2;
+    const double target = (std::max)(boundExponent, 1.0) + kTolerance;
+    std::printf(
+        "| own | %s, exponent of the growth from %d x %d to %d x %d px, %s has %.2f | %.2f | | at most "
+        "%.2f | %s | |\n",
+        kernel.c_str(), span.from, span.from, span.to, span.to, bound.c_str(), boundExponent, exponent,
+        target, Verdict(exponent <= target));
+    return exponent <= target;
+}
+
+double RatioTable::Exponent(const std::string& name, int from, int to) const
+{
+    const double growth = NanosecondsOf(At(name, to)) / NanosecondsOf(At(name, from));
+    return std::log(growth) / std::log(static_cast<double>(to) / from);
 }

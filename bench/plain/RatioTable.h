@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Sides.h"
+
 #include <benchmark/benchmark.h>
 
 #include <map>
@@ -22,6 +24,9 @@ private:
     bool WriteSpeedUp(const std::string& kernel, double target) const;
     bool WriteCost(const std::string& what, double nanoseconds, double target) const;
     bool WriteGrowth(const std::string& name, int from, int to, double target) const;
+    bool WritePixelGrowth(const std::string& kernel, const std::string& bound) const;
+    bool WritePixelGrowthIn(Sides::Span span, const std::string& kernel, const std::string& bound) const;
+    double Exponent(const std::string& name, int from, int to) const;
 
     std::map<std::string, double> m_nanoseconds;
 };
