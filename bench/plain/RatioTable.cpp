@@ -121,8 +121,8 @@ bool RatioTable::WritePixelGrowth(const std::string& kernel, const std::string& 
     return WritePixelGrowthIn(Sides::kUncached, kernel, bound) && isCachedMet;
 }
 
-/// A side counts twice in the number of pixels. What memory itself takes more for each further pixel is no fault
-/// of the kernel.
+/// A side counts twice in the number of pixels. What memory itself takes more for each further pixel is no
+/// fault of the kernel.
 bool RatioTable::WritePixelGrowthIn(Sides::Span span, const std::string& kernel,
                                     const std::string& bound) const
 {

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Sides of the square images that the loops over pixels work on. In pixels of 4 bytes: the small ones fit into
-/// the second cache, the large ones into none.
+/// Sides of the square images that the loops over pixels work on, in pixels of 4 bytes: the small ones fit
+/// into the second cache, the large ones into none.
 namespace Sides
 {
 constexpr int kSmall = 256;

@@ -17,6 +17,37 @@ bool StartPlatform()
     return AfxWinInit(::GetModuleHandle(nullptr), nullptr, ::GetCommandLine(), SW_HIDE) &&
            SUCCEEDED(::CoInitialize(nullptr));
 }
+
+bool CompareCalls()
+{
+    bool areSame = true;
+    const Visit visit = [&areSame](const Pair& pair) { areSame = ReportCalls(pair) && areSame; };
+    VisitPictureRows(visit);
+    VisitWindowRows(visit);
+    VisitGrowthRows(
+        [&visit](const Growth& growth)
+        {
+            for (const Growth::Point& point : growth.points)
+                visit({"", growth.name, 0, 0, 1, point.library, point.byHand});
+        });
+    return areSame;
+}
+
+bool MeasureRows(const char* text)
+{
+    std::puts("| row | what | ratio | 95 % interval | target | | by hand |");
+    std::puts("|---|---|---|---|---|---|---|");
+    bool isMet = true;
+    const auto measure = [text, &isMet](const auto& row)
+    {
+        if (std::strstr(row.name, text))
+            isMet = Report(row) && isMet;
+    };
+    VisitPictureRows(measure);
+    VisitWindowRows(measure);
+    VisitGrowthRows(measure);
+    return isMet;
+}
 } // namespace
 
 /// vxdpi_bench [TEXT]: only the rows whose names have the text in them. The status is 1 when a target is
@@ -33,18 +64,5 @@ int main(int argc, char** argv)
     const CGdiPlusInitializer gdiPlus;
     const bool comparesCalls = argc > 1 && std::strcmp(argv[1], "--calls") == 0;
     const char* const text = argc > 1 && !comparesCalls ? argv[1] : "";
-    bool isGood = true;
-    const Visit visit = [text, comparesCalls, &isGood](const Pair& pair)
-    {
-        if (std::strstr(pair.name, text))
-            isGood = (comparesCalls ? ReportCalls(pair) : Report(pair)) && isGood;
-    };
-    if (!comparesCalls)
-    {
-        std::puts("| row | what | ratio | 95 % interval | target | | by hand |");
-        std::puts("|---|---|---|---|---|---|---|");
-    }
-    VisitPictureRows(visit);
-    VisitWindowRows(visit);
-    return isGood ? 0 : 1;
+    return (comparesCalls ? CompareCalls() : MeasureRows(text)) ? 0 : 1;
 }

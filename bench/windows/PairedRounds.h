@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Sampling.h"
+
 #include <functional>
 
 /// One operation in two ways: by the library, and by the platform calls that it makes, written by hand. Both
@@ -17,10 +19,8 @@ struct Pair
 
 struct Outcome
 {
-    double ratio; ///< median of the rounds' ratios
-    double low;   ///< the median's 95 % interval
-    double high;
-    double byHandSeconds; ///< of one operation
+    Spread ratio;         ///< of the rounds
+    double byHandSeconds; ///< of one operation, the median
 };
 
 /// Compares a pair in rounds of one sample each, in alternating order: load that comes and goes meets both.

@@ -1,6 +1,7 @@
 #include "IconsByHand.h"
 #include "PicturesByHand.h"
 #include "Rows.h"
+#include "Strip.h"
 #include "resource.h"
 
 #include <vxdpi/Images.h>
@@ -92,34 +93,6 @@ void VisitConversions(const Visit& visit, CDpiAwarePng& small, CDpiAwarePng& lar
            [&] { delete large.ReplaceColor(kBase, Gdiplus::Color(255, 20, 40, 60)); },
            [] { ByHand::LockPixels(IDR_TILE_768); }});
 }
-
-void DestroyAll(const std::vector<HICON>& icons)
-{
-    for (const HICON hIcon : icons)
-        ::DestroyIcon(hIcon);
-}
-
-/// A strip whose cells of a size are shown half as large again.
-class Strip
-{
-public:
-    Strip(UINT nResourceId, int nCellSize) : m_nResourceId(nResourceId), m_nCellSize(nCellSize)
-    {
-        m_split.AddResourceForDpi(kBase, nResourceId, {static_cast<UINT>(nCellSize)});
-    }
-
-    void Split(int bFixed) { DestroyAll(m_split.CreatePngSplit(kScaled, AfxGetResourceHandle(), bFixed)); }
-    void SplitDisabled() { DestroyAll(m_split.CreateDisabledStylePngSplit(kScaled)); }
-    void SplitByHand(StripStyle style) const
-    {
-        DestroyAll(ByHand::SplitPng(m_nResourceId, m_nCellSize, kScaled, style));
-    }
-
-private:
-    CDpiAwarePngSplit m_split;
-    UINT m_nResourceId;
-    int m_nCellSize;
-};
 
 void VisitStrips(const Visit& visit)
 {
