@@ -1,6 +1,6 @@
 #include "CallComparison.h"
 
-#include <vxdpi/Dpi.h>
+#include "Modules.h"
 
 #include <support/CallTrace.h>
 
@@ -9,18 +9,9 @@
 
 namespace
 {
-HMODULE LibraryModule()
-{
-    HMODULE module = nullptr;
-    ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
-                             GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                         reinterpret_cast<LPCWSTR>(&VxSafeGetDpiForWindow), &module);
-    return module;
-}
-
 CallNames CallsOf(const std::function<void()>& body)
 {
-    const CallTrace trace({LibraryModule(), ::GetModuleHandleW(nullptr)});
+    const CallTrace trace({LibraryModule(), ProgramModule()});
     body();
     return trace.Calls();
 }

@@ -45,6 +45,7 @@ bool MeasureRows(const char* text)
     };
     VisitPictureRows(measure);
     VisitWindowRows(measure);
+    VisitLoadRow(measure);
     VisitGrowthRows(measure);
     return isMet;
 }

@@ -15,5 +15,8 @@ void VisitPictureRows(const Visit& visit);
 /// Layout, scrolling, DPI queries, fonts and list columns.
 void VisitWindowRows(const Visit& visit);
 
+/// How long the library takes to load. It is not for comparing calls: both ways make the same one.
+void VisitLoadRow(const Visit& visit);
+
 /// What takes more time for more of it. GDI+ has to be started.
 void VisitGrowthRows(const VisitGrowth& visit);
