@@ -95,10 +95,11 @@ bool Report(const Growth& growth)
     const auto [byHand, difference] = OutcomeOf(all, WeightsOf(growth.points));
     const bool isMet = std::abs(difference.median) <= kTarget;
     const bool isUnsure = difference.high - difference.low > kWidestInterval;
-    std::printf("| growth | %s: exponents %.2f and by hand %.2f, difference | %.3f | %.3f to %.3f "
+    std::printf("| %s | %s: exponents %.2f and by hand %.2f, difference | %.3f | %.3f to %.3f "
                 "| at most %.2f | %s%s | |\n",
-                growth.name, byHand + difference.median, byHand, difference.median, difference.low,
-                difference.high, kTarget, isMet ? "met" : "MISSED", isUnsure ? ", unsure" : "");
+                kGrowthKind, growth.name, byHand + difference.median, byHand, difference.median,
+                difference.low, difference.high, kTarget, isMet ? "met" : "MISSED",
+                isUnsure ? ", unsure" : "");
     std::fflush(stdout);
     return isMet;
 }

@@ -3,6 +3,9 @@
 #include <functional>
 #include <vector>
 
+/// In the first column of the table.
+constexpr const char* kGrowthKind = "growth";
+
 /// One operation on inputs of several sizes, each in two ways as in a Pair.
 struct Growth
 {

@@ -28,9 +28,32 @@ bool CompareCalls()
         [&visit](const Growth& growth)
         {
             for (const Growth::Point& point : growth.points)
-                visit({"", growth.name, 0, 0, 1, point.library, point.byHand});
+                visit({kGrowthKind, growth.name, 0, 0, 1, point.library, point.byHand});
+        });
+    VisitOwnCostRows(
+        [&visit](const OwnCost& cost)
+        {
+            const StubbedPlatform platform(cost.answers);
+            if (cost.byHand)
+                visit({kOwnCostKind, cost.name, 0, 0, 1, cost.library, cost.byHand});
         });
     return areSame;
+}
+
+/// What stands in the first column.
+const char* KindOf(const Pair& pair)
+{
+    return pair.number;
+}
+
+const char* KindOf(const Growth&)
+{
+    return kGrowthKind;
+}
+
+const char* KindOf(const OwnCost&)
+{
+    return kOwnCostKind;
 }
 
 bool MeasureRows(const char* text)
@@ -40,19 +63,20 @@ bool MeasureRows(const char* text)
     bool isMet = true;
     const auto measure = [text, &isMet](const auto& row)
     {
-        if (std::strstr(row.name, text))
+        if (std::strcmp(KindOf(row), text) == 0 || std::strstr(row.name, text))
             isMet = Report(row) && isMet;
     };
     VisitPictureRows(measure);
     VisitWindowRows(measure);
     VisitLoadRow(measure);
     VisitGrowthRows(measure);
+    VisitOwnCostRows(measure);
     return isMet;
 }
 } // namespace
 
-/// vxdpi_bench [TEXT]: only the rows whose names have the text in them. The status is 1 when a target is
-/// missed.
+/// vxdpi_bench [TEXT]: only the rows whose names have the text in them or whose kind it is. The status is 1
+/// when a target is missed.
 /// vxdpi_bench --calls: measures nothing, and compares the calls that both ways of each row make. The status
 /// is 1 when they differ.
 int main(int argc, char** argv)

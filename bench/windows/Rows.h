@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Growth.h"
+#include "OwnCost.h"
 #include "PairedRounds.h"
 
 #include <functional>
@@ -8,6 +9,7 @@
 /// Takes a pair while the objects that it works on live.
 using Visit = std::function<void(const Pair&)>;
 using VisitGrowth = std::function<void(const Growth&)>;
+using VisitOwnCost = std::function<void(const OwnCost&)>;
 
 /// PNG pictures, strips and icons. GDI+ and COM have to be started.
 void VisitPictureRows(const Visit& visit);
@@ -20,3 +22,6 @@ void VisitLoadRow(const Visit& visit);
 
 /// What takes more time for more of it. GDI+ has to be started.
 void VisitGrowthRows(const VisitGrowth& visit);
+
+/// What is left without the platform. GDI+ has to be started.
+void VisitOwnCostRows(const VisitOwnCost& visit);
