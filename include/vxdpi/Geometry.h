@@ -63,6 +63,6 @@ VXDPI_API int GetFontBasedDialogUnits(HDC hdc, SIZE& units);
 /// @param pWnd  a window that has a font.
 /// @param newDpi  dots per inch.
 /// @return the client rectangle in device pixels at newDpi; (0, 0, 0, 0) when pWnd is null or without window,
-///         newDpi is 0, the window gives no device context or has no font, a font can't be made or measured, or
-///         memory is short.
+///         newDpi is 0, the window gives no device context or has no font, a font can't be made or measured,
+///         or memory is short.
 VXDPI_API CRect GetClientSizeForDpi(CWnd* pWnd, UINT newDpi);
