@@ -14,8 +14,8 @@ namespace
 {
 using ByHand::StripStyle;
 
-constexpr int kRounds = 101;
-constexpr int kRoundsOfSlowRow = 31;
+constexpr int kRounds = 51;
+constexpr int kRoundsOfSlowRow = 21;
 
 /// Points that work on objects of their own, one for each size.
 template<class Subject, class Library, class ByHandWay>

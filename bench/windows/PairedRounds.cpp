@@ -14,7 +14,7 @@ constexpr int kWarmUps = 3;
 constexpr int kRuns = 3;
 constexpr int kRoundsWhenUnsure = 801;
 constexpr double kWidestInterval = 0.04;
-constexpr double kTimeForMoreRounds = 20; // seconds
+constexpr double kTimeForMoreRounds = 10; // seconds
 
 Outcome MeasureOnce(const Pair& pair, int rounds, int repetitions)
 {
