@@ -17,6 +17,8 @@ endif()
 if(MINGW)
     # The C++ run-time goes into each module: there is one DLL to ship, and it loads in a fraction of the time.
     add_link_options(-static)
+    # A loader maps sections that start at a page of the file and reads others, the debug information among them.
+    add_link_options(-Wl,--file-alignment,4096)
 endif()
 
 if(VXDPI_SANITIZE)
