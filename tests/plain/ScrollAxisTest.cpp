@@ -209,6 +209,9 @@ TEST(ScrollAxis, APageThatIsLargerThanTheContentPullsThePositionBeyondTheStart)
     EXPECT_EQ(numbers.Shift(0), -60);
     EXPECT_EQ(numbers.position, -10);
     EXPECT_EQ(numbers.Shift(-1), 10);
+    EXPECT_EQ(numbers.Shift(-5), 0); // ends at the start, though that is beyond the end
+    EXPECT_EQ(numbers.Shift(0), -10);
+    EXPECT_EQ(numbers.position, -10);
 }
 
 TEST(ScrollAxis, ABarIsNeededForAnyPixelThatIsNotSeen)
@@ -233,9 +236,13 @@ TEST(ScrollAxis, ThePositionKeepsItsProportionOrItsDistance)
     numbers = {500, 100, 200, 0};
     numbers.Update(1000, 400, true);
     EXPECT_EQ(numbers, (Numbers{1000, 0, 400, 999}));
+
+    numbers = {2, 1, 1, 1};
+    numbers.Update(1000, 400, true);
+    EXPECT_EQ(numbers, (Numbers{1000, 600, 400, 999})); // 999 would be beyond the end
 }
 
-TEST(ScrollAxis, TheRangeOfAnEmptyContentEndsAtItsStart)
+TEST(ScrollAxis, TheRangeEndsAtTheLastPixelOrAtTheStart)
 {
     Numbers numbers;
     numbers.content = 0;
@@ -244,6 +251,9 @@ TEST(ScrollAxis, TheRangeOfAnEmptyContentEndsAtItsStart)
     numbers.content = 1;
     numbers.TakeOver(-5, false);
     EXPECT_EQ(numbers.maximum, 0);
+    numbers.content = 2;
+    numbers.TakeOver(-5, false);
+    EXPECT_EQ(numbers.maximum, 1);
 }
 
 TEST(ScrollAxis, ANegativePositionBecomesTheStart)
@@ -285,4 +295,11 @@ TEST(ScrollAxis, AnyNumbersAreTakenWithoutUndefinedBehaviour)
         ASSERT_GE(numbers.position, 0);
         ASSERT_GE(numbers.maximum, 0);
     }
+}
+
+TEST(ScrollAxis, APageWithoutAnOppositeIsItsOwn)
+{
+    Numbers numbers;
+    numbers.page = INT32_MIN;
+    EXPECT_EQ(numbers.WayOf(ScrollCommand::PageBack), INT32_MIN);
 }

@@ -62,6 +62,25 @@ private:
     RecordCalls<decltype(::ScrollWindow)> m_scroll;
     RecordCalls<decltype(::ShowScrollBar)> m_show;
 };
+
+// The numbers that bars are given: by the library their windows' own bars, by the framework the controls.
+class Numbers
+{
+public:
+    Numbers(CallLog& log, const SpiedModule& module)
+        : m_set(module, "user32.dll", "SetScrollInfo",
+                [this, &log](HWND hWnd, int nBar, LPCSCROLLINFO pInfo, BOOL bRedraw)
+                {
+                    log.WriteCall("SetScrollInfo", hWnd, nBar, pInfo->nMax, pInfo->nPage, pInfo->nPos,
+                                  bRedraw);
+                    return m_set.Original()(hWnd, nBar, pInfo, bRedraw);
+                })
+    {
+    }
+
+private:
+    ImportSpy<decltype(::SetScrollInfo)> m_set;
+};
 }
 
 TEST_F(ScrollManagerCalls, AControlIsSetBeforeTheContentIsMoved)
@@ -122,6 +141,63 @@ TEST_F(ScrollManagerCalls, AWindowWhoseContentFitsIsNotScrolled)
     m_manager.StartVScroll(SB_LINEDOWN, 0, nullptr);
     m_manager.StartHScroll(SB_THUMBTRACK, 50, nullptr);
     EXPECT_EQ(m_log.Lines(), Lines{});
+}
+
+// A single pixel without a margin ends at 0, so that each number can be the only one that is not 0.
+TEST_F(ScrollManagerCalls, AWindowIsScrolledWhileAnyOfItsNumbersIsNotZero)
+{
+    const WindowDpiAnswer dpi(0);
+    const ImportSpy<decltype(::GetSystemMetricsForDpi)> metrics(
+        VxDpiModule(), "user32.dll", "GetSystemMetricsForDpi", [](int, UINT) { return 0; });
+    ASSERT_TRUE(m_manager.Create(m_target.Window(), CScrollManager::WindowScrollBars, nullptr, nullptr, 0));
+    m_pShown->MoveWindow(0, 0, 1, 1);
+    m_manager.UpdateScrollBars(-5, -5);
+    const Scrolling calls(m_log);
+    m_manager.StartVScroll(SB_LINEDOWN, 0, nullptr); // by its page
+    m_manager.UpdateScrollBars(-5, 0);
+    m_manager.StartVScroll(SB_LINEUP, 0, nullptr); // by its position
+    EXPECT_EQ(m_log.Lines(),
+              (Lines{"SetScrollPos(target, 1, 6, 1)", "ScrollWindow(target, 0, -6, null, null)",
+                     "SetScrollPos(target, 1, 1, 1)", "ScrollWindow(target, 0, 5, null, null)",
+                     "SetScrollPos(target, 1, 0, 1)", "ScrollWindow(target, 0, 1, null, null)"}));
+}
+
+TEST_F(ScrollManagerCalls, AWindowIsScrolledByTheRangeOfTheSameAxis)
+{
+    const WindowDpiAnswer dpi(96);
+    const ImportSpy<decltype(::GetSystemMetricsForDpi)> metrics(
+        VxDpiModule(), "user32.dll", "GetSystemMetricsForDpi", [](int, UINT) { return 0; });
+    ASSERT_TRUE(m_manager.Create(m_target.Window(), CScrollManager::WindowScrollBars, nullptr, nullptr, 0));
+    m_manager.UpdateScrollBars(0, 500);
+    {
+        const Scrolling calls(m_log);
+        m_manager.StartHScroll(SB_LINEDOWN, 0, nullptr);
+        m_manager.StartVScroll(SB_LINEDOWN, 0, nullptr);
+    }
+    EXPECT_EQ(m_log.Lines(),
+              (Lines{"SetScrollPos(target, 0, 8, 1)", "ScrollWindow(target, -8, 0, null, null)"}));
+    m_log.Clear();
+    m_manager.UpdateScrollBars(500, 0);
+    const Scrolling calls(m_log);
+    m_manager.StartHScroll(SB_LINEDOWN, 0, nullptr);
+    m_manager.StartVScroll(SB_LINEDOWN, 0, nullptr);
+    EXPECT_EQ(m_log.Lines(),
+              (Lines{"SetScrollPos(target, 1, 8, 1)", "ScrollWindow(target, 0, -8, null, null)"}));
+}
+
+TEST_F(ScrollManagerCalls, WithoutItsWindowOnlyThePositionMoves)
+{
+    const WindowDpiAnswer dpi(96);
+    Create(CScrollManager::ScrollBarControls);
+    m_manager.UpdateScrollBars(200, 150);
+    const Scrolling calls(m_log);
+    const HWND hTarget = m_target.Window()->Detach();
+    m_manager.StartVScroll(SB_LINEDOWN, 0, &m_vBar);
+    EXPECT_EQ(m_log.Lines(), Lines{});
+    m_target.Window()->Attach(hTarget);
+    m_manager.StartVScroll(SB_LINEDOWN, 0, &m_vBar);
+    EXPECT_EQ(m_log.Lines(),
+              (Lines{"SetScrollPos(vBar, 2, 16, 1)", "ScrollWindow(target, 0, -8, null, null)"}));
 }
 
 TEST_F(ScrollManagerCalls, AMoveOfNothingMakesNoCall)
@@ -199,11 +275,29 @@ TEST_F(ScrollManagerCalls, AGrownPagePullsTheContentAlongByItsControl)
     m_manager.StartHScroll(SB_THUMBTRACK, 120, &m_hBar);
     m_manager.StartVScroll(SB_THUMBTRACK, 70, &m_vBar);
     const Scrolling calls(m_log);
+    const Numbers numbers(m_log, FrameworkModule());
     m_manager.UpdateScrollBars(210, 170);
     EXPECT_EQ(m_log.Lines(),
               (Lines{"ShowScrollBar(hBar, 2, 1)", "ShowScrollBar(vBar, 2, 1)",
-                     "SetScrollPos(hBar, 2, 110, 1)", "ScrollWindow(target, 10, 0, null, null)",
+                     "SetScrollInfo(hBar, 2, 319, 210, 120, 1)", "SetScrollPos(hBar, 2, 110, 1)",
+                     "ScrollWindow(target, 10, 0, null, null)", "SetScrollInfo(vBar, 2, 219, 170, 70, 1)",
                      "SetScrollPos(vBar, 2, 50, 1)", "ScrollWindow(target, 0, 20, null, null)"}));
+}
+
+TEST_F(ScrollManagerCalls, AGrownPagePullsTheContentAlongByTheWindowsOwnBar)
+{
+    const WindowDpiAnswer dpi(96);
+    ASSERT_TRUE(m_manager.Create(m_target.Window(), CScrollManager::WindowScrollBars, nullptr, nullptr, 0));
+    m_manager.UpdateScrollBars(200, 150);
+    m_manager.StartHScroll(SB_THUMBTRACK, 120, nullptr);
+    m_manager.StartVScroll(SB_THUMBTRACK, 70, nullptr);
+    const Scrolling calls(m_log);
+    const Numbers numbers(m_log, VxDpiModule());
+    m_manager.UpdateScrollBars(210, 170);
+    EXPECT_EQ(m_log.Lines(),
+              (Lines{"SetScrollInfo(target, 0, 319, 210, 120, 1)", "SetScrollPos(target, 0, 110, 1)",
+                     "ScrollWindow(target, 10, 0, null, null)", "SetScrollInfo(target, 1, 219, 170, 70, 1)",
+                     "SetScrollPos(target, 1, 50, 1)", "ScrollWindow(target, 0, 20, null, null)"}));
 }
 
 TEST_F(ScrollManagerCalls, WhatWasScrolledComesBackWhereNoBarIsNeeded)
@@ -217,6 +311,24 @@ TEST_F(ScrollManagerCalls, WhatWasScrolledComesBackWhereNoBarIsNeeded)
     m_manager.UpdateScrollBars(400, 400);
     EXPECT_EQ(m_log.Lines(), (Lines{"ScrollWindow(target, 30, 0, null, null)", "ShowScrollBar(hBar, 2, 0)",
                                     "ScrollWindow(target, 0, 20, null, null)", "ShowScrollBar(vBar, 2, 0)"}));
+}
+
+// 100 of 319 is 200 of 639, and 20 of 219 is 40 of 439.
+TEST_F(ScrollManagerCalls, WhatComesBackAtAnotherDpiIsTheOffsetThatBelongsToIt)
+{
+    Create(CScrollManager::ScrollBarControls);
+    {
+        const WindowDpiAnswer dpi(96);
+        m_manager.UpdateScrollBars(200, 150);
+        m_manager.StartHScroll(SB_THUMBTRACK, 100, &m_hBar);
+        m_manager.StartVScroll(SB_THUMBTRACK, 20, &m_vBar);
+    }
+    const WindowDpiAnswer dpi(192);
+    m_pShown->MoveWindow(0, 0, 600, 400);
+    const Scrolling calls(m_log);
+    m_manager.UpdateScrollBars(640, 440);
+    EXPECT_EQ(m_log.Lines(), (Lines{"ScrollWindow(target, 200, 0, null, null)", "ShowScrollBar(hBar, 2, 0)",
+                                    "ScrollWindow(target, 0, 40, null, null)", "ShowScrollBar(vBar, 2, 0)"}));
 }
 
 TEST_F(ScrollManagerCalls, AnOffsetOfOtherKindsIsNeitherTakenBackNorAppliedAgain)
@@ -277,7 +389,8 @@ TEST_F(ScrollManagerCalls, ABarCountsAsVisibleWhenAPageFitsIntoItsRange)
     EXPECT_EQ(pageFor(10, 100, 90), 200);
     EXPECT_EQ(pageFor(5, 5, 0), without);
     EXPECT_EQ(pageFor(9, 5, 0), without);
-    EXPECT_EQ(asked, 12);
+    EXPECT_EQ(pageFor(4, 5, 1), 200);
+    EXPECT_EQ(asked, 14);
 }
 
 TEST_F(ScrollManagerCalls, AThousandUpdatesAndMovesLeaveNothing)

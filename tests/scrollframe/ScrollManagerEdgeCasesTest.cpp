@@ -1,3 +1,4 @@
+#include "abi/FieldAccess.h"
 #include "foundation/WindowDpiAnswer.h"
 #include "layout/LayoutFixtures.h"
 #include "support/CallLog.h"
@@ -7,7 +8,15 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstddef>
 #include <cstring>
+
+// The manager's own question about its bars, which it answers for controls, too.
+struct ScrollBarQuery
+{
+    friend constexpr auto FieldsOf(ScrollBarQuery);
+};
+template struct Reveal<ScrollBarQuery, &CScrollManager::IsScrollBarVisible>;
 
 namespace
 {
@@ -29,6 +38,11 @@ Fields FieldsOf(const CScrollManager& manager)
     Fields fields = {};
     std::memcpy(&fields, &manager, sizeof fields);
     return fields;
+}
+
+BOOL IsScrollBarVisible(CScrollManager& manager, int nBar)
+{
+    return (manager.*std::get<0>(FieldsOf(ScrollBarQuery())))(nBar);
 }
 
 using Axis = std::array<int, 4>; // content, position, page, maximum
@@ -110,6 +124,7 @@ TEST(ScrollManagerEdgeCases, IsNotCreatedWithoutAWindow)
     CScrollManager manager;
     EXPECT_FALSE(manager.Create(nullptr, CScrollManager::ScrollBarControls, &window.hBar, &window.vBar, 1));
     EXPECT_FALSE(manager.Create(&none, CScrollManager::ScrollBarControls, &window.hBar, &window.vBar, 1));
+    EXPECT_EQ(FieldsOf(manager).pWnd, nullptr);
     EXPECT_EQ(FieldsOf(manager).pHScrollBar, nullptr);
     EXPECT_EQ(FieldsOf(manager).reapplyOffset, 0);
     manager.UpdateScrollBars(100, 100);
@@ -165,6 +180,69 @@ TEST(ScrollManagerEdgeCases, ThePositionKeepsItsProportionAtAnotherDpi)
     window.manager.UpdateScrollBars(400, 400);
     EXPECT_EQ(HorizontalOf(window.manager), (Axis{1000, 200, 400, 999}));
     EXPECT_EQ(InfoOf(window.hBar).nPos, 200);
+}
+
+// 100 of 499 is 200 of 999, and 50 of 499 is 100 of 999.
+TEST(ScrollManagerEdgeCases, BothPositionsKeepTheirProportionAtASmallerDpi)
+{
+    ScrolledWindow window({960, 960});
+    window.Create(CScrollManager::ScrollBarControls);
+    {
+        const WindowDpiAnswer dpi(192);
+        window.manager.UpdateScrollBars(400, 400);
+        window.manager.StartHScroll(SB_THUMBTRACK, 200, &window.hBar);
+        window.manager.StartVScroll(SB_THUMBTRACK, 100, &window.vBar);
+    }
+    const WindowDpiAnswer dpi(96);
+    ::SetWindowPos(window.pChild->m_hWnd, nullptr, 0, 0, 480, 480, SWP_NOZORDER);
+    window.manager.UpdateScrollBars(200, 200);
+    EXPECT_EQ(HorizontalOf(window.manager), (Axis{500, 100, 200, 499}));
+    EXPECT_EQ(VerticalOf(window.manager), (Axis{500, 50, 200, 499}));
+}
+
+// 100 of 479 is 104 of 499.
+TEST(ScrollManagerEdgeCases, APositionKeepsItsProportionAfterADpiOfZero)
+{
+    ScrolledWindow window({480, 480});
+    window.Create(CScrollManager::ScrollBarControls);
+    {
+        const WindowDpiAnswer dpi(0);
+        window.manager.UpdateScrollBars(200, 200);
+        window.manager.StartHScroll(SB_THUMBTRACK, 100, &window.hBar);
+    }
+    const WindowDpiAnswer dpi(96);
+    window.manager.UpdateScrollBars(200, 200);
+    EXPECT_EQ(HorizontalOf(window.manager), (Axis{500, 104, 200, 499}));
+}
+
+TEST(ScrollManagerEdgeCases, PositionsStayWhereTheyAreWhileTheDpiIsTheSame)
+{
+    const WindowDpiAnswer dpi(96);
+    ScrolledWindow window({480, 480});
+    window.Create(CScrollManager::ScrollBarControls);
+    window.manager.UpdateScrollBars(200, 200);
+    window.manager.StartHScroll(SB_THUMBTRACK, 100, &window.hBar);
+    window.manager.StartVScroll(SB_THUMBTRACK, 50, &window.vBar);
+    ::SetWindowPos(window.pChild->m_hWnd, nullptr, 0, 0, 980, 980, SWP_NOZORDER);
+    window.manager.UpdateScrollBars(200, 200);
+    EXPECT_EQ(HorizontalOf(window.manager), (Axis{1000, 100, 200, 999}));
+    EXPECT_EQ(VerticalOf(window.manager), (Axis{1000, 50, 200, 999}));
+}
+
+TEST(ScrollManagerEdgeCases, AnArrowScrollsByTheLineStepOfTheManager)
+{
+    const WindowDpiAnswer dpi(96);
+    ScrolledWindow window;
+    window.Create(CScrollManager::ScrollBarControls);
+    window.manager.UpdateScrollBars(200, 150);
+    const int lineStep = 5;
+    std::memcpy(reinterpret_cast<std::byte*>(&window.manager) + offsetof(Fields, lineStep), &lineStep,
+                sizeof lineStep);
+    window.manager.StartHScroll(SB_LINERIGHT, 0, &window.hBar);
+    window.manager.StartVScroll(SB_PAGEDOWN, 0, &window.vBar);
+    window.manager.StartVScroll(SB_LINEUP, 0, &window.vBar);
+    EXPECT_EQ(FieldsOf(window.manager).hPos, 5);
+    EXPECT_EQ(FieldsOf(window.manager).vPos, 65);
 }
 
 TEST(ScrollManagerEdgeCases, AWayEndsWhereTheContentEnds)
@@ -240,6 +318,64 @@ TEST(ScrollManagerEdgeCases, WithoutVisibleChildrenOnlyTheDpiIsTaken)
     EXPECT_EQ(HorizontalOf(window.manager), (Axis{320, 0, 200, 319}));
     EXPECT_EQ(VerticalOf(window.manager), (Axis{220, 8, 150, 219}));
     EXPECT_EQ(FieldsOf(window.manager).dpi, 192u);
+}
+
+TEST(ScrollManagerEdgeCases, AChildWithoutAnAreaIsNoContent)
+{
+    const WindowDpiAnswer dpi(96);
+    ScrolledWindow window;
+    window.Create(CScrollManager::ScrollBarControls);
+    window.manager.UpdateScrollBars(200, 150);
+    for (const CSize size : {CSize(0, 90), CSize(90, 0)})
+    {
+        ::SetWindowPos(window.pChild->m_hWnd, nullptr, 10, 10, size.cx, size.cy, SWP_NOZORDER);
+        window.manager.UpdateScrollBars(20, 15);
+        EXPECT_EQ(HorizontalOf(window.manager), (Axis{320, 0, 200, 319}));
+        EXPECT_EQ(VerticalOf(window.manager), (Axis{220, 0, 150, 219}));
+    }
+}
+
+TEST(ScrollManagerEdgeCases, TheSpaceOfEachMissingWindowBarIsTakenOffByItself)
+{
+    const WindowDpiAnswer dpi(96);
+    const ImportSpy<decltype(::GetSystemMetricsForDpi)> metrics(
+        VxDpiModule(), "user32.dll", "GetSystemMetricsForDpi",
+        [](int nIndex, UINT) { return nIndex == SM_CXHSCROLL ? 30 : 11; });
+    ScrolledWindow window;
+    EXPECT_TRUE(
+        window.manager.Create(window.target.Window(), CScrollManager::WindowScrollBars, nullptr, nullptr, 0));
+    window.manager.UpdateScrollBars(400, 150); // only the vertical one is needed
+    window.manager.UpdateScrollBars(319, 150);
+    EXPECT_EQ(HorizontalOf(window.manager), (Axis{320, 0, 319, 319}));
+    EXPECT_EQ(VerticalOf(window.manager), (Axis{220, 0, 150 - 30, 219}));
+
+    window.manager.UpdateScrollBars(200, 400); // only the horizontal one is needed
+    window.manager.UpdateScrollBars(200, 219);
+    EXPECT_EQ(HorizontalOf(window.manager), (Axis{320, 0, 200 - 11, 319}));
+    EXPECT_EQ(VerticalOf(window.manager), (Axis{220, 0, 219, 219}));
+}
+
+TEST(ScrollManagerEdgeCases, AControlCountsAsVisibleWhenAPageFitsIntoItsRange)
+{
+    const WindowDpiAnswer dpi(96);
+    ScrolledWindow window;
+    CScrollManager nothing;
+    EXPECT_FALSE(IsScrollBarVisible(nothing, SB_HORZ));
+    window.Create(CScrollManager::ScrollBarControls);
+    window.manager.UpdateScrollBars(400, 150);
+    EXPECT_FALSE(IsScrollBarVisible(window.manager, SB_HORZ));
+    EXPECT_TRUE(IsScrollBarVisible(window.manager, SB_VERT));
+    window.manager.UpdateScrollBars(200, 400);
+    EXPECT_TRUE(IsScrollBarVisible(window.manager, SB_HORZ));
+    EXPECT_FALSE(IsScrollBarVisible(window.manager, SB_VERT));
+    window.manager.UpdateScrollBars(200, 150);
+    EXPECT_FALSE(IsScrollBarVisible(window.manager, SB_CTL));
+    EXPECT_FALSE(IsScrollBarVisible(window.manager, SB_BOTH));
+
+    EXPECT_TRUE(window.manager.Create(window.target.Window(), CScrollManager::ScrollBarControls, nullptr,
+                                      nullptr, 0));
+    EXPECT_FALSE(IsScrollBarVisible(window.manager, SB_HORZ));
+    EXPECT_FALSE(IsScrollBarVisible(window.manager, SB_VERT));
 }
 
 TEST(ScrollManagerEdgeCases, TheSpaceOfAMissingWindowBarIsTakenOff)
