@@ -1,3 +1,4 @@
+#include "foundation/LibraryModule.h"
 #include "foundation/WindowDpiAnswer.h"
 #include "scrollframe/FrameFixtures.h"
 #include "support/HandleCount.h"
@@ -212,6 +213,33 @@ TEST(ScrollFrameEdgeCases, AProxyLooksLikeItsButtonAndFollowsIt)
                    EXPECT_EQ(pProxy->GetFont(), &font);
                    dialog.Close();
                });
+}
+
+TEST(ScrollFrameEdgeCases, AProxyIsGivenTheFontOfItsButtonAndRedrawn)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    CFont font;
+    font.CreatePointFont(140, L"Tahoma");
+    dialog.created = [&] { dialog.ok.SetFont(&font); };
+    CallLog log;
+    log.Name(font.m_hObject, "font");
+    const ImportSpy<decltype(::SendMessageW)> send(
+        FrameworkModule(), "user32.dll", "SendMessageW",
+        [&](HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+        {
+            if (message == WM_SETFONT && ::GetParent(hWnd) != dialog.m_hWnd)
+                log.WriteCall("SetFont", ::GetDlgCtrlID(hWnd), reinterpret_cast<const void*>(wParam), lParam);
+            return send.Original()(hWnd, message, wParam, lParam);
+        });
+    dialog.Run(dialog.BothButtons(),
+               [&]
+               {
+                   ::SendMessageW(dialog.Proxy(0), WM_DPICHANGED_AFTERPARENT, 0, 0);
+                   ::SendMessageW(dialog.Proxy(1), WM_DPICHANGED_AFTERPARENT, 0, 0);
+                   dialog.Close();
+               });
+    EXPECT_EQ(log.Lines(), (CallLog::LineList{"SetFont(10001, font, 1)", "SetFont(10001, font, 1)"}));
 }
 
 TEST(ScrollFrameEdgeCases, TheFrameHasTheDialogsCaptionAndIconsAndFollowsADpiChange)

@@ -103,8 +103,10 @@ TEST_F(ScrollManagerCalls, TheBarThatSentTheMessageIsSet)
     m_manager.UpdateScrollBars(200, 150);
     const Scrolling calls(m_log);
     m_manager.StartVScroll(SB_PAGEDOWN, 0, &m_otherBar);
+    m_manager.StartHScroll(SB_PAGEDOWN, 0, &m_otherBar);
     EXPECT_EQ(m_log.Lines(),
-              (Lines{"SetScrollPos(otherBar, 2, 70, 1)", "ScrollWindow(target, 0, -70, null, null)"}));
+              (Lines{"SetScrollPos(otherBar, 2, 70, 1)", "ScrollWindow(target, 0, -70, null, null)",
+                     "SetScrollPos(otherBar, 2, 120, 1)", "ScrollWindow(target, -120, 0, null, null)"}));
 }
 
 TEST_F(ScrollManagerCalls, TheWindowsOwnBarIsSetBeforeTheContentIsMoved)
@@ -361,6 +363,7 @@ TEST_F(ScrollManagerCalls, ABarCountsAsVisibleWhenAPageFitsIntoItsRange)
     const WindowDpiAnswer dpi(96);
     Create(CScrollManager::WindowScrollBars);
     int asked = 0;
+    BOOL isRead = TRUE;
     SCROLLINFO answer = {};
     const ImportSpy<decltype(::GetScrollInfo)> bar(FrameworkModule(), "user32.dll", "GetScrollInfo",
                                                    [&](HWND, int, LPSCROLLINFO pInfo)
@@ -370,7 +373,7 @@ TEST_F(ScrollManagerCalls, ABarCountsAsVisibleWhenAPageFitsIntoItsRange)
                                                        pInfo->nMin = answer.nMin;
                                                        pInfo->nMax = answer.nMax;
                                                        pInfo->nPage = answer.nPage;
-                                                       return TRUE;
+                                                       return isRead;
                                                    });
     const auto pageFor = [&](int nMin, int nMax, UINT nPage)
     {
@@ -390,7 +393,9 @@ TEST_F(ScrollManagerCalls, ABarCountsAsVisibleWhenAPageFitsIntoItsRange)
     EXPECT_EQ(pageFor(5, 5, 0), without);
     EXPECT_EQ(pageFor(9, 5, 0), without);
     EXPECT_EQ(pageFor(4, 5, 1), 200);
-    EXPECT_EQ(asked, 14);
+    isRead = FALSE;
+    EXPECT_EQ(pageFor(4, 5, 1), without);
+    EXPECT_EQ(asked, 16);
 }
 
 TEST_F(ScrollManagerCalls, AThousandUpdatesAndMovesLeaveNothing)
