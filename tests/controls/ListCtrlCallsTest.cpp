@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <string>
@@ -333,6 +334,30 @@ TEST_F(ListColumns, TheHeadingIsMeasuredInTheFontOfTheListAndTheContextLeftAsItW
     ::DeleteObject(hFont);
 }
 
+TEST_F(ListColumns, AHeadingThatLeavesNoRoomForItsEndIsMeasuredWhole)
+{
+    const ImportSpy<decltype(::SendMessageW)> list(
+        VxDpiModule(), "user32.dll", "SendMessageW",
+        [&](HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT
+        {
+            if (message != LVM_GETCOLUMNW)
+                return list.Original()(hWnd, message, wParam, lParam);
+            const auto& asked = *reinterpret_cast<const LVCOLUMNW*>(lParam);
+            std::fill_n(asked.pszText, asked.cchTextMax, L'w');
+            return TRUE;
+        });
+    int length = 0;
+    const ImportSpy<decltype(::GetTextExtentPoint32W)> extent(VxDpiModule(), "gdi32.dll",
+                                                              "GetTextExtentPoint32W",
+                                                              [&](HDC, LPCWSTR, int count, LPSIZE) -> BOOL
+                                                              {
+                                                                  length = count;
+                                                                  return TRUE;
+                                                              });
+    m_list.GetHeaderTextLength(0);
+    EXPECT_EQ(length, 256);
+}
+
 TEST_F(ListColumns, TheMapsHaveTheseEntriesAndNoOthers)
 {
 #if defined(__MINGW32__)
@@ -351,8 +376,12 @@ TEST_F(ListColumns, TheHeaderKnowsItsListAndForgetsItLast)
     EXPECT_EQ(LastPoint(), CPoint(0, 0));
     OpenHeader alone;
     EXPECT_EQ(alone.m_parentList, nullptr);
+    alone.m_dragColumn = 4;
+    alone.m_lastPoint = CPoint(5, 6);
     alone.SetParentListCtrl(&m_list);
     EXPECT_EQ(alone.m_parentList, &m_list);
+    EXPECT_EQ(alone.m_dragColumn, 4);
+    EXPECT_EQ(alone.m_lastPoint, CPoint(5, 6));
 }
 
 TEST_F(ListColumns, APressOnADividerIsFollowedFromItsPoint)
@@ -369,6 +398,36 @@ TEST_F(ListColumns, APressOnADividerIsFollowedFromItsPoint)
     EXPECT_EQ(DragColumn(), 0);
     EXPECT_EQ(LastPoint(), CPoint(edge, 5));
     Header().SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(edge, 5));
+}
+
+TEST_F(ListColumns, OnlyAHitOnTheDividerOfAColumnIsFollowed)
+{
+    struct Hit
+    {
+        int column;
+        UINT flags;
+        int followed;
+    };
+    for (const Hit hit :
+         {Hit{1, HHT_ONDIVOPEN, -1}, Hit{1, HHT_ONHEADER, -1}, Hit{-1, HHT_ONDIVIDER, -1},
+          Hit{-2, HHT_ONDIVIDER, -1}, Hit{0, HHT_ONDIVIDER, 0}, Hit{1, HHT_ONDIVIDER | HHT_ONDIVOPEN, 1}})
+    {
+        const ImportSpy<decltype(::SendMessageW)> test(
+            VxDpiModule(), "user32.dll", "SendMessageW",
+            [&](HWND hWnd, UINT message, WPARAM, LPARAM lParam) -> LRESULT
+            {
+                EXPECT_EQ(hWnd, Header().m_hWnd);
+                EXPECT_EQ(message, static_cast<UINT>(HDM_HITTEST));
+                auto& asked = *reinterpret_cast<HDHITTESTINFO*>(lParam);
+                EXPECT_EQ(CPoint(asked.pt), CPoint(20, 5));
+                asked.flags = hit.flags;
+                return hit.column;
+            });
+        DragColumn() = -1;
+        Header().SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 5));
+        EXPECT_EQ(DragColumn(), hit.followed) << hit.column << ", " << hit.flags;
+        Header().SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(20, 5));
+    }
 }
 
 TEST_F(ListColumns, AMoveWidensTheColumnByItsWayAndIsThenTheHeaders)
@@ -438,11 +497,22 @@ TEST_F(ListColumns, WithoutADragTheButtonIsNotAsked)
 TEST_F(ListColumns, WithADeadListTheDragEnds)
 {
     const LeftButton button(kDown);
-    CListCtrl dead;
-    DragColumn() = 0;
-    ParentList() = &dead;
-    Move(50, 5);
-    EXPECT_EQ(DragColumn(), -1);
+    const DefaultMoves moves;
+    OpenList dead;
+    const HWND hDead = MakeReportList(m_parent.Handle());
+    ::DestroyWindow(hDead);
+    for (const HWND hWnd : {HWND(), hDead})
+    {
+        dead.m_hWnd = hWnd;
+        DragColumn() = 0;
+        ParentList() = &dead;
+        Move(50, 5);
+        EXPECT_EQ(DragColumn(), -1);
+    }
+    dead.m_hWnd = nullptr;
+    EXPECT_TRUE(dead.m_columnWidths96.empty());
+    EXPECT_EQ(button.CallCount(), 2);
+    EXPECT_EQ(moves.Count(), 2);
 }
 
 TEST_F(ListColumns, AnotherKindOfListEndsTheDragAndKeepsItsWidth)
