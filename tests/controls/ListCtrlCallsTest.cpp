@@ -248,6 +248,51 @@ TEST_F(ListColumns, NothingFollowsARefusedColumn)
     EXPECT_TRUE(m_list.m_columnWidths96.empty());
 }
 
+TEST_F(ListColumns, ARefusalIsAnsweredAsTheListWordsIt)
+{
+    const LVCOLUMNW column = Column(LVCF_TEXT | LVCF_WIDTH, 100);
+    ListCalls calls(m_list.m_hWnd);
+    calls.Answer(LVM_INSERTCOLUMNW, -2);
+    EXPECT_EQ(m_list.InsertColumn(0, &column), -2);
+    EXPECT_EQ(calls.Log(), (Lines{"insert 0"}));
+    const ImportSpy<decltype(::SendMessageW)> list(
+        FrameworkModule(), "user32.dll", "SendMessageW",
+        [&](HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+        { return message == LVM_INSERTCOLUMNW ? -3 : list.Original()(hWnd, message, wParam, lParam); });
+    EXPECT_EQ(m_list.InsertColumn(0, L"A", LVCFMT_LEFT, 100), -3);
+    EXPECT_TRUE(m_list.m_columnWidths96.empty());
+}
+
+// The list appends a column whose index is too large, and has none at that index.
+TEST_F(ListColumns, TheIndexThatWasAskedForIsMeasuredAndRecorded)
+{
+    const LVCOLUMNW given = Column(LVCF_TEXT | LVCF_WIDTH, 70);
+    EXPECT_EQ(m_list.InsertColumn(5, &given), 0);
+    EXPECT_EQ(m_list.m_columnWidths96, (WidthRecord{{5, 70}}));
+
+    const LVCOLUMNW untold = Column(LVCF_TEXT, 0);
+    const LVCOLUMNW negative = Column(LVCF_TEXT | LVCF_WIDTH, -2);
+    const auto questions = [this](auto insert)
+    {
+        m_list.m_columnWidths96.clear();
+        const ListCalls calls(m_list.m_hWnd);
+        insert();
+        Lines lines;
+        for (const std::string& line : calls.Log())
+        {
+            if (line.find(" of ") != std::string::npos)
+                lines.push_back(line);
+        }
+        return lines;
+    };
+    const std::string heading = "heading of 7, mask 4, room for 256";
+    EXPECT_EQ(questions([&] { m_list.InsertColumn(7, &untold); }), (Lines{heading}));
+    EXPECT_EQ(questions([&] { m_list.InsertColumn(7, &negative); }), (Lines{"width of 7", heading}));
+    EXPECT_EQ(questions([&] { m_list.InsertColumn(7, L"A", LVCFMT_LEFT, -2); }),
+              (Lines{"width of 7", heading}));
+    EXPECT_EQ(m_list.m_columnWidths96, (WidthRecord{{7, 0}}));
+}
+
 TEST_F(ListColumns, TheTextFormHandsAllItsArgumentsOn)
 {
     m_list.InsertColumn(0, L"A", LVCFMT_LEFT, 10);
@@ -343,6 +388,10 @@ TEST_F(ListColumns, AHeadingThatLeavesNoRoomForItsEndIsMeasuredWhole)
             if (message != LVM_GETCOLUMNW)
                 return list.Original()(hWnd, message, wParam, lParam);
             const auto& asked = *reinterpret_cast<const LVCOLUMNW*>(lParam);
+            EXPECT_EQ(asked.fmt, 0);
+            EXPECT_EQ(asked.cx, 0);
+            EXPECT_EQ(asked.iSubItem, 0);
+            EXPECT_EQ(asked.iOrder, 0);
             std::fill_n(asked.pszText, asked.cchTextMax, L'w');
             return TRUE;
         });
@@ -356,6 +405,23 @@ TEST_F(ListColumns, AHeadingThatLeavesNoRoomForItsEndIsMeasuredWhole)
                                                               });
     m_list.GetHeaderTextLength(0);
     EXPECT_EQ(length, 256);
+}
+
+TEST_F(ListColumns, TheDpiIsThatOfTheListAndNotOfItsParent)
+{
+    m_list.InsertColumn(0, L"A heading", LVCFMT_LEFT, 40);
+    const ImportSpy<decltype(::GetDpiForWindow)> dpi(VxDpiModule(), "user32.dll", "GetDpiForWindow",
+                                                     [&](HWND hWnd)
+                                                     {
+                                                         EXPECT_EQ(hWnd, m_list.m_hWnd);
+                                                         return 192u;
+                                                     });
+    const int inPixels = 2 * m_list.GetHeaderTextLength(0);
+    m_list.SetColumnWidth(0, inPixels);
+    EXPECT_EQ(m_list.m_columnWidths96, (WidthRecord{{0, inPixels / 2}}));
+    m_list.UpdateColumnWidth();
+    EXPECT_EQ(m_list.GetColumnWidth(0), inPixels);
+    EXPECT_EQ(dpi.CallCount(), 4);
 }
 
 TEST_F(ListColumns, TheMapsHaveTheseEntriesAndNoOthers)
