@@ -37,6 +37,7 @@ public:
     using CDPIAwareListCtrl::m_columnWidths96;
     using CDPIAwareListCtrl::m_header;
     using CDPIAwareListCtrl::OnDPIChangedAfterParent;
+    using CDPIAwareListCtrl::PreSubclassWindow;
     using CDPIAwareListCtrl::UpdateColumnWidth;
 };
 
@@ -341,6 +342,20 @@ TEST_F(ListColumns, AChangeOfDpiAppliesTheRecordsInAscendingOrderAndRecordsThemA
     EXPECT_EQ(m_list.m_columnWidths96, (WidthRecord{{0, 10}, {2, 0x7FFFFFFF}, {4, 33}}));
 }
 
+TEST_F(ListColumns, AChangeOfDpiIsKeptFromTheListItself)
+{
+    int reached = 0;
+    const ImportSpy<decltype(::CallWindowProcW)> procedure(
+        FrameworkModule(), "user32.dll", "CallWindowProcW",
+        [&](WNDPROC pfn, HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+        {
+            reached += message == WM_DPICHANGED_AFTERPARENT;
+            return procedure.Original()(pfn, hWnd, message, wParam, lParam);
+        });
+    EXPECT_EQ(m_list.SendMessage(WM_DPICHANGED_AFTERPARENT, 0, 0), 0);
+    EXPECT_EQ(reached, 0);
+}
+
 TEST_F(ListColumns, WithoutRecordsNothingIsAsked)
 {
     const ListCalls calls(m_list.m_hWnd);
@@ -433,6 +448,48 @@ TEST_F(ListColumns, TheMapsHaveTheseEntriesAndNoOthers)
 #else
     GTEST_SKIP() << "the tables of another framework than the subset are its own affair";
 #endif
+}
+
+TEST_F(ListColumns, WithoutAWindowTheWidthsStayAsTheyAre)
+{
+    OpenList list;
+    list.m_columnWidths96 = {{0, 100}};
+    list.UpdateColumnWidth();
+    EXPECT_EQ(list.m_columnWidths96, (WidthRecord{{0, 100}}));
+    EXPECT_EQ(list.GetHeaderTextLength(0), 0);
+}
+
+TEST_F(ListColumns, TheHeaderIsTakenAfterTheBaseIsPreparedWhateverComesOfIt)
+{
+#if !defined(__MINGW32__)
+    GTEST_SKIP() << "the base's functions are found by their GCC names";
+#endif
+    OpenList list;
+    CListCtrl*& parentList = list.m_header.*&OpenHeader::m_parentList;
+    CallLog log;
+    const ImportSpy<void(CWnd*)> base(VxDpiModule(), nullptr, "_ZN4CWnd17PreSubclassWindowEv",
+                                      [&](CWnd* pWnd)
+                                      {
+                                          EXPECT_EQ(pWnd, &list);
+                                          log.Write("prepare");
+                                      });
+    const ImportSpy<BOOL(CWnd*, HWND)> subclass(VxDpiModule(), nullptr, "_ZN4CWnd14SubclassWindowEP6HWND__",
+                                                [&](CWnd* pWnd, HWND hWnd)
+                                                {
+                                                    EXPECT_EQ(pWnd, &list.m_header);
+                                                    EXPECT_EQ(hWnd, ListView_GetHeader(list.m_hWnd));
+                                                    EXPECT_EQ(parentList, nullptr);
+                                                    log.Write("take the header");
+                                                    return FALSE;
+                                                });
+    list.PreSubclassWindow();
+    EXPECT_EQ(log.Lines(), Lines{});
+    list.m_hWnd = MakeReportList(m_parent.Handle());
+    list.PreSubclassWindow();
+    ::DestroyWindow(list.m_hWnd);
+    list.m_hWnd = nullptr;
+    EXPECT_EQ(log.Lines(), (Lines{"prepare", "take the header"}));
+    EXPECT_EQ(parentList, &list);
 }
 
 TEST_F(ListColumns, TheHeaderKnowsItsListAndForgetsItLast)

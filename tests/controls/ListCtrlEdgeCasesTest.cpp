@@ -243,14 +243,18 @@ TEST(ListColumnEdgeCases, PressAndHoldIsEnabledWhereTheBaseDisablesIt)
 #endif
     ULONG answer = 0;
     const ImportSpy<ULONG(CWnd*, CPoint)> base(VxDpiModule(), nullptr, "_ZN4CWnd16GetGestureStatusE6CPoint",
-                                               [&](CWnd*, CPoint) { return answer; });
+                                               [&](CWnd*, CPoint touch)
+                                               {
+                                                   EXPECT_EQ(touch, CPoint(3, 4));
+                                                   return answer;
+                                               });
     OpenListOf<CDPIAwareListCtrlW> list;
     answer = 0x00000001;
-    EXPECT_EQ(list.GetGestureStatus(CPoint(0, 0)), 0x00000000u);
+    EXPECT_EQ(list.GetGestureStatus(CPoint(3, 4)), 0x00000000u);
     answer = 0x00010001;
-    EXPECT_EQ(list.GetGestureStatus(CPoint(0, 0)), 0x00010000u);
+    EXPECT_EQ(list.GetGestureStatus(CPoint(3, 4)), 0x00010000u);
     OpenList plain;
-    EXPECT_EQ(plain.GetGestureStatus(CPoint(0, 0)), 0x00000000u);
+    EXPECT_EQ(plain.GetGestureStatus(CPoint(3, 4)), 0x00000000u);
 }
 
 TEST(ListColumnEdgeCases, AListLeavesNothingBehind)

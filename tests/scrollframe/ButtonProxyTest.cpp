@@ -131,19 +131,3 @@ TEST(ButtonProxy, OutsideOfAFrameAClickReachesTheButtonAndEndsNothing)
     EXPECT_EQ(dialog.log.Lines(), (CallLog::LineList{"OK"}));
     panel.DestroyWindow();
 }
-
-TEST(ButtonProxy, OfAButtonThatIsNoChildIsAChild)
-{
-    MainWindow mainWindow;
-    StepDialog dialog;
-    dialog.created = [&] { dialog.ok.ModifyStyle(WS_CHILD, 0); };
-    DWORD style = 0;
-    dialog.Run({{&dialog.ok, IDOK}},
-               [&]
-               {
-                   style = static_cast<DWORD>(::GetWindowLongW(dialog.Proxy(0), GWL_STYLE));
-                   dialog.ok.ModifyStyle(0, WS_CHILD);
-                   dialog.Close();
-               });
-    EXPECT_EQ(style & (WS_CHILD | WS_VISIBLE), static_cast<DWORD>(WS_CHILD | WS_VISIBLE));
-}
