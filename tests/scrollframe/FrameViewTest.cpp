@@ -1,6 +1,7 @@
 #include "foundation/LibraryModule.h"
 #include "foundation/WindowDpiAnswer.h"
 #include "scrollframe/FrameFixtures.h"
+#include "scrollframe/InternalClasses.h"
 #include "support/HandleCount.h"
 #include "support/Pixels.h"
 
@@ -9,14 +10,6 @@
 #include <map>
 #include <memory>
 #include <string>
-
-// The virtual functions of the frame as they stand in its virtual table. Not in an unnamed namespace: there
-// the compiler would know that nobody implements them.
-class FrameFunctions : public CFrameWnd
-{
-public:
-    virtual int DoModal() = 0;
-};
 
 namespace
 {
@@ -98,30 +91,6 @@ private:
     CBitmap* m_previous;
 };
 
-CRuntimeClass* ClassOf(HWND hWnd)
-{
-    return CWnd::FromHandlePermanent(hWnd)->GetRuntimeClass();
-}
-
-struct InternalClasses
-{
-    InternalClasses()
-    {
-        MainWindow mainWindow;
-        StepDialog dialog;
-        dialog.Run({},
-                   [&]
-                   {
-                       pFrame = ClassOf(dialog.Frame());
-                       pView = ClassOf(dialog.View());
-                       dialog.Close();
-                   });
-    }
-
-    CRuntimeClass* pFrame = nullptr;
-    CRuntimeClass* pView = nullptr;
-};
-
 // What the bars are told, by the handle of the bar.
 struct BarStates
 {
@@ -133,6 +102,24 @@ struct BarStates
                                                  last[hBar] = *pInfo;
                                                  return set.Original()(hBar, nBar, pInfo, bRedraw);
                                              }};
+};
+
+// What the windows' own procedures would do with one message: it is written down and answered.
+class DefaultAnswer : public ImportSpy<decltype(::CallWindowProcW)>
+{
+public:
+    DefaultAnswer(CallLog& log, UINT message, LRESULT answer)
+        : ImportSpy(
+              FrameworkModule(), "user32.dll", "CallWindowProcW",
+              [=, &log](WNDPROC pProcedure, HWND hWnd, UINT received, WPARAM wParam, LPARAM lParam) -> LRESULT
+              {
+                  if (received != message)
+                      return Original()(pProcedure, hWnd, received, wParam, lParam);
+                  log.WriteCall("default", hWnd);
+                  return answer;
+              })
+    {
+    }
 };
 
 // How often the library scrolls the dialog by an update that changes nothing.
@@ -247,6 +234,42 @@ TEST(ScrollFrameView, AViewThatIsTooSmallHasPartsOfNegativeSize)
                                               "SetWindowPos(hbar, null, 10, -13, -10, 20, 4)",
                                               "SetWindowPos(vbar, null, 0, 10, 20, -23, 4)",
                                           }));
+}
+
+TEST(ScrollFrameView, ANewSizeIsHandledByDefaultAndThenThePartsArePlaced)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    const WindowDpiAnswer dpi(96);
+    dialog.Run({},
+               [&]
+               {
+                   CallLog log;
+                   log.Name(dialog.m_hWnd, "dialog");
+                   log.Name(dialog.View(), "view");
+                   const ImportSpy<decltype(::SetWindowPos)> place(
+                       VxDpiModule(), "user32.dll", "SetWindowPos",
+                       [&](HWND hWnd, HWND hAfter, int x, int y, int cx, int cy, UINT flags)
+                       {
+                           if (hWnd == dialog.m_hWnd)
+                               log.WriteCall("SetWindowPos", hWnd);
+                           return place.Original()(hWnd, hAfter, x, y, cx, cy, flags);
+                       });
+                   const DefaultAnswer byDefault(log, WM_SIZE, 0);
+                   ::SendMessageW(dialog.View(), WM_SIZE, SIZE_RESTORED, 0);
+                   EXPECT_EQ(log.Lines(), (CallLog::LineList{"default(view)", "SetWindowPos(dialog)"}));
+                   dialog.Close();
+               });
+}
+
+TEST(ScrollFrameView, ANewSizeIsHandledByDefaultWithoutADialog)
+{
+    ViewAlone view;
+    CallLog log;
+    log.Name(view.Handle(), "view");
+    const DefaultAnswer byDefault(log, WM_SIZE, 0);
+    ::SendMessageW(view.Handle(), WM_SIZE, SIZE_RESTORED, 0);
+    EXPECT_EQ(log.Lines(), (CallLog::LineList{"default(view)"}));
 }
 
 TEST(ScrollFrameView, TheDpiIsTheViewsForItsPartsAndTheDialogsForItsContent)
@@ -467,16 +490,35 @@ TEST(ScrollFrameView, TheBackgroundIsTheColorOfButtonsWithinTheClientArea)
                });
 }
 
-TEST(ScrollFrameView, WithoutADeviceContextNothingIsErased)
+TEST(ScrollFrameView, AViewWithABrushErasesItselfWhereThereIsADeviceContext)
 {
     MainWindow mainWindow;
     StepDialog dialog;
     dialog.Run({},
                [&]
                {
+                   CallLog log;
+                   const DefaultAnswer byDefault(log, WM_ERASEBKGND, 77);
+                   PaintedPicture picture;
+                   EXPECT_EQ(picture.EraseWith(dialog.View()), 1);
                    EXPECT_EQ(::SendMessageW(dialog.View(), WM_ERASEBKGND, 0, 0), 0);
+                   EXPECT_EQ(log.Lines(), CallLog::LineList());
                    dialog.Close();
                });
+}
+
+TEST(ScrollFrameView, AViewWithoutABrushIsErasedByDefaultWhereThereIsADeviceContext)
+{
+    ViewAlone view;
+    CallLog log;
+    log.Name(view.Handle(), "view");
+    const DefaultAnswer byDefault(log, WM_ERASEBKGND, 77);
+    EXPECT_EQ(::SendMessageW(view.Handle(), WM_ERASEBKGND, 0, 0), 0);
+    EXPECT_EQ(log.Lines(), CallLog::LineList());
+    PaintedPicture picture;
+    EXPECT_EQ(picture.EraseWith(view.Handle()), 77);
+    EXPECT_EQ(log.Lines(), (CallLog::LineList{"default(view)"}));
+    EXPECT_EQ(picture.At(1, 1), RGB(1, 2, 3));
 }
 
 TEST(ScrollFrameView, TheSystemsBrushOutlivesTheFrame)
