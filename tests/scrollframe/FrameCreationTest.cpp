@@ -482,6 +482,27 @@ TEST(ScrollFrameCreation, ProxyNumbersCountOnPastThoseOfTheBars)
     EXPECT_EQ(result, IDCANCEL);
 }
 
+TEST(ScrollFrameCreation, AButtonIsHiddenBeforeItKnowsItsProxy)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    int hidden = 0;
+    const ImportSpy<decltype(::ShowWindow)> hide(FrameworkModule(), "user32.dll", "ShowWindow",
+                                                 [&](HWND hWnd, int nShow)
+                                                 {
+                                                     if (hWnd == dialog.ok.m_hWnd)
+                                                     {
+                                                         ++hidden;
+                                                         EXPECT_EQ(dialog.ok.SetProxyButton(nullptr),
+                                                                   nullptr);
+                                                     }
+                                                     return hide.Original()(hWnd, nShow);
+                                                 });
+    dialog.Run({{&dialog.ok, IDOK}}, [&] { dialog.Close(); });
+    EXPECT_EQ(hidden, 1);
+    EXPECT_NE(dialog.ok.SetProxyButton(nullptr), nullptr);
+}
+
 TEST(ScrollFrameCreation, TheModalStateOfTheMainWindowIsItsOwnAffair)
 {
     class AskedWindow : public CWnd

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 
 namespace
 {
@@ -269,6 +270,22 @@ TEST(ScrollFrameFailures, APairWithoutAButtonIsAFailure)
     EXPECT_EQ(dialog.Run({{&dialog.ok, 1}, {nullptr, 2}}, Steps()), 0);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
     EXPECT_EQ(WindowCountOfThread(), before);
+}
+
+TEST(ScrollFrameFailures, WithoutMemoryForTheListOfProxiesTheCallThrowsAndLeavesNoWindow)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    const int before = WindowCountOfThread();
+    const ImportSpy<decltype(::ShowWindow)> show(FrameworkModule(), "user32.dll", "ShowWindow");
+    const ProxyAllocations allocations(1);
+    EXPECT_THROW(dialog.Run(dialog.BothButtons(), Steps()), std::bad_alloc);
+    EXPECT_EQ(allocations.Count(), 1);
+    EXPECT_EQ(show.CallCount(), 0);
+    EXPECT_EQ(WindowCountOfThread(), before);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+    EXPECT_EQ(dialog.ok.SetProxyButton(nullptr), nullptr);
+    EXPECT_TRUE(mainWindow.Object()->IsWindowEnabled());
 }
 
 // The first allocation is the list's own.
