@@ -1,7 +1,12 @@
 #include "foundation/LibraryModule.h"
 #include "scrollframe/FrameFixtures.h"
+#include "scrollframe/InternalClasses.h"
 
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <vector>
 
 namespace
 {
@@ -111,6 +116,45 @@ TEST(ButtonProxy, AClickIsOneOnItsButtonEvenWhenThatIsDisabled)
                    dialog.Close();
                });
     EXPECT_EQ(log.Lines(), (CallLog::LineList{"SendMessage(ok, 245, 0, 0)"}));
+}
+
+TEST(ButtonProxy, AClickIsHandledWhileTheLoopThatItEndsStillRuns)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    BOOL goesOn = FALSE;
+    dialog.whenOk = [&] { goesOn = CWnd::FromHandlePermanent(dialog.Frame())->ContinueModal(); };
+    EXPECT_EQ(dialog.Run({{&dialog.ok, 1}}, [&] { ::SendMessageW(dialog.Proxy(0), BM_CLICK, 0, 0); }), 1);
+    EXPECT_TRUE(goesOn);
+}
+
+// The main window is disabled just before the loop and enabled just after it.
+TEST(ButtonProxy, OutsideOfTheLoopAClickReachesTheButtonAndEndsNothing)
+{
+#if defined(__MINGW32__)
+    const std::unique_ptr<CObject> object(InternalClasses().pFrame->CreateObject());
+    MainWindow mainWindow;
+    StepDialog dialog;
+    mainWindow.Window().OnMessage(
+        [&](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT>
+        {
+            if (message == WM_ENABLE)
+                ::SendMessageW(dialog.Proxy(0), BM_CLICK, 0, 0);
+            return std::nullopt;
+        });
+    std::vector<int> ends;
+    const VirtualFunctionSpy<void(CObject*, int)> end(object.get(), &CWnd::EndModalLoop,
+                                                      [&](CObject* pFrame, int nResult)
+                                                      {
+                                                          ends.push_back(nResult);
+                                                          end.Original()(pFrame, nResult);
+                                                      });
+    EXPECT_EQ(dialog.Run({{&dialog.ok, 7}}, [&] { dialog.Close(); }), IDCANCEL);
+    EXPECT_EQ(dialog.log.Lines(), (CallLog::LineList{"OK", "OK"}));
+    EXPECT_EQ(ends, std::vector<int>{IDCANCEL});
+#else
+    GTEST_SKIP() << "the place in the virtual table is known for GCC";
+#endif
 }
 
 TEST(ButtonProxy, OutsideOfAFrameAClickReachesTheButtonAndEndsNothing)
