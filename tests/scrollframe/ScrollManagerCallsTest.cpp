@@ -269,6 +269,23 @@ TEST_F(ScrollManagerCalls, WithControlsTheirNumbersAreSetAndTheWindowsOwnLeftAlo
     EXPECT_NE(own.nMax, 319);
 }
 
+TEST_F(ScrollManagerCalls, WithControlsTheArrowsAreAskedForAllTheSameAndTakeNothingOff)
+{
+    const WindowDpiAnswer dpi(96);
+    Create(CScrollManager::ScrollBarControls);
+    {
+        const RecordCalls<decltype(::GetSystemMetricsForDpi)> metrics(m_log, VxDpiModule(), "user32.dll",
+                                                                      "GetSystemMetricsForDpi");
+        m_manager.UpdateScrollBars(200, 150);
+    }
+    EXPECT_EQ(m_log.Lines(), (Lines{"GetSystemMetricsForDpi(21, 96)", "GetSystemMetricsForDpi(20, 96)"}));
+    SCROLLINFO info = {};
+    m_hBar.GetScrollInfo(&info, SIF_ALL);
+    EXPECT_EQ(info.nPage, 200u);
+    m_vBar.GetScrollInfo(&info, SIF_ALL);
+    EXPECT_EQ(info.nPage, 150u);
+}
+
 TEST_F(ScrollManagerCalls, AGrownPagePullsTheContentAlongByItsControl)
 {
     const WindowDpiAnswer dpi(96);

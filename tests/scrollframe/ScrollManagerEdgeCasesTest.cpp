@@ -1,4 +1,5 @@
 #include "abi/FieldAccess.h"
+#include "foundation/FrameworkWindow.h"
 #include "foundation/WindowDpiAnswer.h"
 #include "layout/LayoutFixtures.h"
 #include "support/CallLog.h"
@@ -10,6 +11,9 @@
 #include <array>
 #include <cstddef>
 #include <cstring>
+#include <limits>
+#include <optional>
+#include <vector>
 
 // The manager's own question about its bars, which it answers for controls, too.
 struct ScrollBarQuery
@@ -92,6 +96,54 @@ struct ScrolledWindow
     CScrollBar hBar;
     CScrollBar vBar;
     CScrollManager manager;
+};
+
+// A target that updates its own bars whenever its size changes, as it does when a bar comes up. Its child is
+// laid out anew before, or stays where it was scrolled to.
+class SelfUpdatingWindow
+{
+public:
+    explicit SelfUpdatingWindow(bool laysOut) : m_laysOut(laysOut)
+    {
+        m_window.Window().OnMessage([this](UINT message, WPARAM, LPARAM lParam)
+                                    { return OnMessage(message, lParam); });
+        m_child = ::CreateWindowExW(0, L"STATIC", nullptr, WS_CHILD | WS_VISIBLE, 10, kTop, 300, 200,
+                                    m_window.Handle(), nullptr, nullptr, nullptr);
+        EXPECT_TRUE(m_manager.Create(m_window.Object(), CScrollManager::WindowScrollBars, nullptr, nullptr,
+                                     laysOut ? 1 : 0));
+        m_window.Window().Show();
+    }
+
+    void Resize(int width, int height)
+    {
+        m_tops.clear();
+        ::SetWindowPos(m_window.Handle(), nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOMOVE);
+    }
+
+    void ScrollDownTo(UINT_PTR position) { m_manager.StartVScroll(SB_THUMBTRACK, position, nullptr); }
+
+    // Where the child was after each update since the last resizing, in the order of their ends.
+    const std::vector<LONG>& Tops() const { return m_tops; }
+
+private:
+    std::optional<LRESULT> OnMessage(UINT message, LPARAM lParam)
+    {
+        if (message != WM_SIZE || !m_child)
+            return std::nullopt;
+        if (m_laysOut)
+            ::SetWindowPos(m_child, nullptr, 10, kTop, 0, 0, SWP_NOZORDER | SWP_NOSIZE);
+        m_manager.UpdateScrollBars(LOWORD(lParam), HIWORD(lParam));
+        m_tops.push_back(PlaceIn(m_window.Handle(), m_child)[1]);
+        return 0;
+    }
+
+    static constexpr int kTop = 20;
+
+    bool m_laysOut;
+    FrameworkWindow m_window{WS_POPUP};
+    HWND m_child = nullptr;
+    CScrollManager m_manager;
+    std::vector<LONG> m_tops;
 };
 
 SCROLLINFO InfoOf(CScrollBar& bar)
@@ -442,6 +494,39 @@ TEST(ScrollManagerEdgeCases, AnOffsetIsAppliedAgainWhereTheChildrenAreLaidOutAne
     ::SetWindowPos(window.pChild->m_hWnd, nullptr, start.x, start.y, 300, 200, SWP_NOZORDER);
     window.manager.UpdateScrollBars(190, 140);
     EXPECT_EQ(window.ChildPlace(), start - CSize(8, 8));
+}
+
+// The horizontal bar comes up inside the update for the smaller window, and makes the window less high.
+TEST(ScrollManagerEdgeCases, AnUpdateWithinAnUpdateAppliesTheOffsetOnceMore)
+{
+    const WindowDpiAnswer dpi(96);
+    SelfUpdatingWindow window(true);
+    window.Resize(500, 150);
+    window.ScrollDownTo(50);
+    window.Resize(200, 150);
+    EXPECT_EQ(window.Tops(), (std::vector<LONG>{-30, -80}));
+}
+
+TEST(ScrollManagerEdgeCases, AnUpdateWithinAnUpdateLeavesAnOffsetThatIsNotAppliedAgain)
+{
+    const WindowDpiAnswer dpi(96);
+    SelfUpdatingWindow window(false);
+    window.Resize(500, 150);
+    window.ScrollDownTo(50);
+    window.Resize(200, 150);
+    EXPECT_EQ(window.Tops(), (std::vector<LONG>{-30, -30}));
+}
+
+// What is taken off the least number gives one of the largest, into which all content fits.
+TEST(ScrollManagerEdgeCases, TheLeastSizeWrapsWhereTheSpaceOfWindowBarsIsTakenOff)
+{
+    const WindowDpiAnswer dpi(96);
+    ScrolledWindow window;
+    constexpr int kLeast = (std::numeric_limits<int>::min)();
+    window.Create(CScrollManager::WindowScrollBars);
+    window.manager.UpdateScrollBars(kLeast, kLeast);
+    EXPECT_EQ(HorizontalOf(window.manager), (Axis{320, 0, 0, 0}));
+    EXPECT_EQ(VerticalOf(window.manager), (Axis{220, 0, 0, 0}));
 }
 
 TEST(ScrollManagerEdgeCases, ACopyHasEveryField)
