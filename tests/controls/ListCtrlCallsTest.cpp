@@ -10,7 +10,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <cstring>
 #include <map>
+#include <new>
 #include <optional>
 #include <string>
 
@@ -264,6 +267,26 @@ TEST_F(ListColumns, ARefusalIsAnsweredAsTheListWordsIt)
     EXPECT_TRUE(m_list.m_columnWidths96.empty());
 }
 
+TEST_F(ListColumns, WithoutAColumnTheListsAnswerIsPassedOnAndNothingRecorded)
+{
+    const LVCOLUMNW* const none = nullptr;
+    const LRESULT own = ::SendMessageW(m_list.m_hWnd, LVM_INSERTCOLUMNW, 0, 0);
+    EXPECT_EQ(m_list.InsertColumn(0, none), own);
+    ListCalls calls(m_list.m_hWnd);
+    calls.Answer(LVM_INSERTCOLUMNW, 3);
+    EXPECT_EQ(m_list.InsertColumn(5, none), 3);
+    EXPECT_EQ(calls.Log(), (Lines{"insert 5"}));
+    EXPECT_TRUE(m_list.m_columnWidths96.empty());
+}
+
+TEST_F(ListColumns, WithoutAColumnAListWithoutAWindowAnswersZeroAndRecordsNothing)
+{
+    OpenList list;
+    const LVCOLUMNW* const none = nullptr;
+    EXPECT_EQ(list.InsertColumn(0, none), 0);
+    EXPECT_TRUE(list.m_columnWidths96.empty());
+}
+
 // The list appends a column whose index is too large, and has none at that index.
 TEST_F(ListColumns, TheIndexThatWasAskedForIsMeasuredAndRecorded)
 {
@@ -492,7 +515,7 @@ TEST_F(ListColumns, TheHeaderIsTakenAfterTheBaseIsPreparedWhateverComesOfIt)
     EXPECT_EQ(parentList, &list);
 }
 
-TEST_F(ListColumns, TheHeaderKnowsItsListAndForgetsItLast)
+TEST_F(ListColumns, TheHeaderKnowsItsList)
 {
     EXPECT_EQ(ParentList(), &m_list);
     EXPECT_EQ(DragColumn(), -1);
@@ -505,6 +528,44 @@ TEST_F(ListColumns, TheHeaderKnowsItsListAndForgetsItLast)
     EXPECT_EQ(alone.m_parentList, &m_list);
     EXPECT_EQ(alone.m_dragColumn, 4);
     EXPECT_EQ(alone.m_lastPoint, CPoint(5, 6));
+}
+
+TEST_F(ListColumns, AHeaderForgetsItsListAtItsEnd)
+{
+    alignas(CDpiAwareHeaderCtrl) unsigned char memory[sizeof(CDpiAwareHeaderCtrl)];
+    auto* const pHeader = new (memory) CDpiAwareHeaderCtrl;
+    pHeader->SetParentListCtrl(&m_list);
+    const auto* const field = reinterpret_cast<const unsigned char*>(&(pHeader->*&OpenHeader::m_parentList));
+    const std::ptrdiff_t offset = field - memory;
+    CListCtrl* pList = nullptr;
+    std::memcpy(&pList, memory + offset, sizeof pList);
+    EXPECT_EQ(pList, &m_list);
+    pHeader->~CDpiAwareHeaderCtrl();
+    std::memcpy(&pList, memory + offset, sizeof pList);
+    EXPECT_EQ(pList, nullptr);
+}
+
+TEST_F(ListColumns, APressIsTheHeadersBeforeItsPlaceIsAsked)
+{
+    CallLog log;
+    const ImportSpy<decltype(::CallWindowProcW)> procedure(
+        FrameworkModule(), "user32.dll", "CallWindowProcW",
+        [&](WNDPROC pfn, HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+        {
+            if (message == WM_LBUTTONDOWN)
+                log.Write("default");
+            return procedure.Original()(pfn, hWnd, message, wParam, lParam);
+        });
+    const ImportSpy<decltype(::SendMessageW)> send(VxDpiModule(), "user32.dll", "SendMessageW",
+                                                   [&](HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+                                                   {
+                                                       if (message == HDM_HITTEST)
+                                                           log.Write("hit test");
+                                                       return send.Original()(hWnd, message, wParam, lParam);
+                                                   });
+    Header().SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 5));
+    EXPECT_EQ(log.Lines(), (Lines{"default", "hit test"}));
+    Header().SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(20, 5));
 }
 
 TEST_F(ListColumns, APressOnADividerIsFollowedFromItsPoint)
