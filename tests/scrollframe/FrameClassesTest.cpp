@@ -59,7 +59,9 @@ TEST_F(ScrollFrameTables, MessagesOfAFrameAreHandledByItsVirtualFunctions)
     const std::unique_ptr<CObject> object(InternalClasses().pFrame->CreateObject());
     auto* const pFrame = static_cast<FrameFunctions*>(object.get());
     ASSERT_TRUE(pFrame->Create(nullptr, L"frame"));
+    const RECT suggested = {60, 70, 460, 370};
     m_log.Name(pFrame, "frame");
+    m_log.Name(&suggested, "suggested");
     const VirtualFunctionSpy<int(CObject*)> modal(pFrame, &FrameFunctions::DoModal,
                                                   [&](CObject* pObject)
                                                   {
@@ -72,14 +74,14 @@ TEST_F(ScrollFrameTables, MessagesOfAFrameAreHandledByItsVirtualFunctions)
         pFrame, &FrameFunctions::OnDpiChanged,
         [&](CObject* pObject, WPARAM wParam, LPARAM lParam) -> LRESULT
         {
-            m_log.WriteCall("OnDpiChanged", pObject, wParam, lParam);
+            m_log.WriteCall("OnDpiChanged", pObject, wParam, reinterpret_cast<const void*>(lParam));
             return 6;
         });
     EXPECT_EQ(pFrame->DoModal(), 5);
     EXPECT_EQ(pFrame->SendMessage(WM_CLOSE), 0);
-    EXPECT_EQ(pFrame->SendMessage(WM_DPICHANGED, 11, 22), 6);
+    EXPECT_EQ(pFrame->SendMessage(WM_DPICHANGED, 11, reinterpret_cast<LPARAM>(&suggested)), 6);
     EXPECT_EQ(m_log.Lines(),
-              (CallLog::LineList{"DoModal(frame)", "OnClose(frame)", "OnDpiChanged(frame, 11, 22)"}));
+              (CallLog::LineList{"DoModal(frame)", "OnClose(frame)", "OnDpiChanged(frame, 11, suggested)"}));
 }
 
 TEST_F(ScrollFrameTables, SizeAndBackgroundOfAViewAreHandledByItsVirtualFunctions)
@@ -88,12 +90,11 @@ TEST_F(ScrollFrameTables, SizeAndBackgroundOfAViewAreHandledByItsVirtualFunction
     const TestWindow anyWindow;
     const CClientDC dc(CWnd::FromHandle(anyWindow.Handle()));
     m_log.Name(view.Object(), "view");
-    m_log.Name(dc.m_hDC, "dc");
+    m_log.Name(&dc, "dc");
     const VirtualFunctionSpy<BOOL(CObject*, CDC*)> erase(view.Object(), &ViewFunctions::OnEraseBkgnd,
                                                          [&](CObject* pObject, CDC* pDC)
                                                          {
-                                                             m_log.WriteCall("OnEraseBkgnd", pObject,
-                                                                             pDC->m_hDC);
+                                                             m_log.WriteCall("OnEraseBkgnd", pObject, pDC);
                                                              return 5;
                                                          });
     const VirtualFunctionSpy<void(CObject*, UINT, int, int)> size(
