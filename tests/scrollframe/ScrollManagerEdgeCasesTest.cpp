@@ -267,6 +267,22 @@ TEST(ScrollManagerEdgeCases, APositionKeepsItsProportionAfterADpiOfZero)
     EXPECT_EQ(HorizontalOf(window.manager), (Axis{500, 104, 200, 499}));
 }
 
+// 100 of 499 is 96 of 479.
+TEST(ScrollManagerEdgeCases, ADpiOfZeroIsFollowedLikeAnyOther)
+{
+    ScrolledWindow window({480, 480});
+    window.Create(CScrollManager::ScrollBarControls);
+    {
+        const WindowDpiAnswer dpi(96);
+        window.manager.UpdateScrollBars(200, 200);
+        window.manager.StartHScroll(SB_THUMBTRACK, 100, &window.hBar);
+    }
+    const WindowDpiAnswer dpi(0);
+    window.manager.UpdateScrollBars(200, 200);
+    EXPECT_EQ(HorizontalOf(window.manager), (Axis{480, 96, 200, 479}));
+    EXPECT_EQ(FieldsOf(window.manager).dpi, 0u);
+}
+
 TEST(ScrollManagerEdgeCases, PositionsStayWhereTheyAreWhileTheDpiIsTheSame)
 {
     const WindowDpiAnswer dpi(96);
