@@ -406,6 +406,27 @@ TEST(IconOfModule, ManyGroupsAreCountedFrom0InTheOrderOfTheirIds)
     EXPECT_EQ(Load(file.Path(), 5, 1), nullptr);
 }
 
+// The list of the groups grows with the second.
+TEST(IconOfModule, WithoutMemoryTheListEndsAndNoLaterGroupMovesUp)
+{
+    if (!CanMemoryFail())
+        GTEST_SKIP() << kMemoryCannotFail;
+    IconFileContent content;
+    for (const int size : {10, 12, 14})
+    {
+        content.AddGroup(size * 1000, GroupDirectory({{size, size, size}}));
+        content.AddImage(size, IconImageData(FramedPicture(size, size)));
+    }
+    const TemporaryFile file(content);
+    for (const int index : {0, 1, 2})
+    {
+        const ShortMemory shortMemory(2);
+        EXPECT_EQ(Load(file.Path(), index, 1) != nullptr, index == 0) << index;
+        EXPECT_GE(shortMemory.CallCount(), 2);
+    }
+    EXPECT_TRUE(HasSize(Load(file.Path(), 1, 1).get(), 12, 12));
+}
+
 namespace
 {
 // Three groups with names and one with an ID; each has one image of its own size.
