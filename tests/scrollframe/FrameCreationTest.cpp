@@ -529,3 +529,88 @@ TEST(ScrollFrameCreation, TheModalStateOfTheMainWindowIsItsOwnAffair)
     asked.Detach();
     EXPECT_EQ(asked.log.Lines(), (CallLog::LineList{"begin", "loop", "end"}));
 }
+
+TEST(ScrollFrameCreation, TheWindowThatOwnsTheDialogIsDisabledThoughItIsNotTheMainOne)
+{
+    class OwnedDialog : public StepDialog
+    {
+    public:
+        BOOL Create(UINT nIDTemplate, CWnd*) override { return StepDialog::Create(nIDTemplate, pOwner); }
+
+        CWnd* pOwner = nullptr;
+    };
+    MainWindow mainWindow;
+    FrameworkWindow owner;
+    OwnedDialog dialog;
+    dialog.pOwner = owner.Object();
+    dialog.Run({},
+               [&]
+               {
+                   EXPECT_FALSE(::IsWindowEnabled(owner.Handle()));
+                   EXPECT_TRUE(::IsWindowEnabled(mainWindow.Handle()));
+                   dialog.Close();
+               });
+    EXPECT_TRUE(::IsWindowEnabled(owner.Handle()));
+}
+
+TEST(ScrollFrameCreation, TheLoopRunsWithoutFlags)
+{
+#if !defined(__MINGW32__)
+    GTEST_SKIP() << "the framework's function is found by its GCC name";
+#endif
+    MainWindow mainWindow;
+    StepDialog dialog;
+    const ImportSpy<int(CWnd*, DWORD)> loop(VxDpiModule(), nullptr, "_ZN4CWnd12RunModalLoopEm",
+                                            [](CWnd*, DWORD dwFlags)
+                                            {
+                                                EXPECT_EQ(dwFlags, 0u);
+                                                return 17;
+                                            });
+    EXPECT_EQ(dialog.Run({}, Steps()), 17);
+    EXPECT_EQ(loop.CallCount(), 1);
+}
+
+TEST(ScrollFrameCreation, TheViewIsMadeWithAnEmptyContext)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    int views = 0;
+    const ImportSpy<decltype(::CreateWindowExW)> create(
+        FrameworkModule(), "user32.dll", "CreateWindowExW",
+        [&](DWORD dwExStyle, LPCWSTR pszClass, LPCWSTR pszName, DWORD dwStyle, int x, int y, int cx, int cy,
+            HWND hParent, HMENU hMenu, HINSTANCE hInstance, LPVOID pParameter)
+        {
+            if (reinterpret_cast<UINT_PTR>(hMenu) == AFX_IDW_PANE_FIRST)
+            {
+                ++views;
+                const auto* const pContext = static_cast<const CCreateContext*>(pParameter);
+                EXPECT_TRUE(pContext && !pContext->m_pCurrentDoc && !pContext->m_pCurrentFrame &&
+                            !pContext->m_pNewViewClass);
+            }
+            return create.Original()(dwExStyle, pszClass, pszName, dwStyle, x, y, cx, cy, hParent, hMenu,
+                                     hInstance, pParameter);
+        });
+    dialog.Run({}, [&] { dialog.Close(); });
+    EXPECT_EQ(views, 1);
+}
+
+TEST(ScrollFrameCreation, AButtonIsHiddenBeforeItGetsItsProxy)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    bool isHidden = false;
+    const ImportSpy<decltype(::ShowWindow)> show(FrameworkModule(), "user32.dll", "ShowWindow",
+                                                 [&](HWND hWnd, int nShow)
+                                                 {
+                                                     if (hWnd == dialog.ok.m_hWnd)
+                                                     {
+                                                         isHidden = nShow == SW_HIDE;
+                                                         EXPECT_EQ(dialog.ok.SetProxyButton(nullptr),
+                                                                   nullptr);
+                                                     }
+                                                     return show.Original()(hWnd, nShow);
+                                                 });
+    dialog.Run({{&dialog.ok, IDOK}}, [&] { dialog.Close(); });
+    EXPECT_TRUE(isHidden);
+    EXPECT_NE(dialog.ok.SetProxyButton(nullptr), nullptr);
+}
