@@ -640,6 +640,66 @@ TEST_F(DamagedIconFile, ADirectoryWhoseFileIsCutOffIsReadToItsEnd)
     EXPECT_TRUE(HasSize(Load(cut.Path(), 0, 32).get(), 16, 16));
 }
 
+namespace
+{
+// While it lives, the library is told of the pages of its memory one by one, and of how many a mapping has.
+class PageByPage : public ImportSpy<decltype(::VirtualQuery)>
+{
+public:
+    explicit PageByPage(int pageCount)
+        : ImportSpy(VxDpiModule(), kKernel, "VirtualQuery",
+                    [this, pageCount](LPCVOID pAddress, PMEMORY_BASIC_INFORMATION pInfo, SIZE_T size)
+                    {
+                        const SIZE_T result = Original()(pAddress, pInfo, size);
+                        const auto address = reinterpret_cast<ULONG_PTR>(pAddress);
+                        pInfo->BaseAddress = reinterpret_cast<void*>(address & ~(kPageSize - 1));
+                        pInfo->RegionSize = kPageSize;
+                        if (CallCount() > pageCount)
+                            pInfo->AllocationBase = nullptr;
+                        return result;
+                    })
+    {
+    }
+
+private:
+    static constexpr ULONG_PTR kPageSize = 0x1000;
+};
+
+IconFileContent LongContent()
+{
+    IconFileContent content;
+    content.AddImage(1, IconImageData(FramedPicture(16, 16)));
+    content.AddImage(2, IconImageData(FramedPicture(32, 32)));
+    content.AddGroup(1, LongDirectory());
+    return content;
+}
+}
+
+TEST_F(DamagedIconFile, ADirectoryOnSeveralPagesIsReadWhole)
+{
+    const TemporaryFile file(LongContent());
+    const PageByPage pages(100);
+    EXPECT_TRUE(HasSize(Load(file.Path(), 0, 32).get(), 32, 32));
+}
+
+TEST_F(DamagedIconFile, ADirectoryIsNotReadBeyondThePagesOfItsFile)
+{
+    const TemporaryFile file(LongContent());
+    const PageByPage pages(1);
+    EXPECT_TRUE(HasSize(Load(file.Path(), 0, 32).get(), 16, 16));
+}
+
+TEST_F(DamagedIconFile, ADirectoryWhosePagesAreNotToldIsReadAsFarAsTheyAre)
+{
+    IconFileContent content;
+    content.AddImage(1, Image());
+    content.AddWrongGroup(1, {GroupDirectory({{16, 16, 1}}, 0xFFFF), kFarTooMuch});
+    const TemporaryFile file(content);
+    const FailKernelCall<decltype(::VirtualQuery)> pages("VirtualQuery", 2, SIZE_T{0});
+    EXPECT_TRUE(HasSize(Load(file.Path(), 0, 32).get(), 16, 16));
+    EXPECT_GE(pages.CallCount(), 2);
+}
+
 // The second group is there only to be cut off: the first one's directory would be in it.
 TEST_F(DamagedIconFile, ADirectoryBehindTheEndOfTheFileGivesNothing)
 {

@@ -648,6 +648,32 @@ TEST(ScrollFrameWindow, ADpiChangeIsHandledByDefaultFirstAndThenMovesTheFrame)
         });
 }
 
+TEST(ScrollFrameWindow, AFrameThatIsGoneAfterADpiChangeIsNotMoved)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    dialog.Run(
+        {},
+        [&]
+        {
+            const HWND frame = dialog.Frame();
+            const ImportSpy<decltype(::CallWindowProcW)> byDefault(
+                FrameworkModule(), "user32.dll", "CallWindowProcW",
+                [&](WNDPROC pProcedure, HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+                {
+                    if (message == WM_DPICHANGED)
+                        ::DestroyWindow(frame);
+                    return byDefault.Original()(pProcedure, hWnd, message, wParam, lParam);
+                });
+            const ImportSpy<decltype(::SetWindowPos)> move(FrameworkModule(), "user32.dll", "SetWindowPos");
+            ::PostMessageW(mainWindow.Handle(), WM_NULL, 0, 0);
+            const RECT suggested = {61, 72, 463, 374};
+            ::SendMessageW(frame, WM_DPICHANGED, MAKEWPARAM(120, 120), reinterpret_cast<LPARAM>(&suggested));
+            EXPECT_FALSE(::IsWindow(frame));
+            EXPECT_EQ(move.CallCount(), 0);
+        });
+}
+
 TEST(ScrollFrameWindow, TheLoopEndsWhenTheThreadIsToQuit)
 {
     MainWindow mainWindow;
