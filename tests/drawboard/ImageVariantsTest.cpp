@@ -1,5 +1,6 @@
 #include <vxdpi/DrawBoard.h>
 
+#include "abi/FieldAccess.h"
 #include "drawboard/BoardCalls.h"
 #include "drawboard/BoardFields.h"
 #include "resources/resource_ids.h"
@@ -13,6 +14,13 @@
 #include <map>
 #include <random>
 #include <vector>
+
+// The board's own question for an image and the DPI that it was drawn for.
+struct ImageQuery
+{
+    friend constexpr auto FieldsOf(ImageQuery);
+};
+template struct Reveal<ImageQuery, &CDrawBoard::GetImage>;
 
 // The images that a board registers and the variants that it chooses. Without a board to draw on,
 // DrawImageToBoard only loads.
@@ -41,6 +49,11 @@ protected:
     }
 
     int Load(UINT imageId = kImage) { return m_board.DrawImageToBoard(imageId, CRect(0, 0, 1, 1)); }
+
+    Gdiplus::Image* Ask(UINT* pChosenDpi, UINT imageId = kImage)
+    {
+        return (m_board.*std::get<0>(FieldsOf(ImageQuery())))(imageId, pChosenDpi);
+    }
 
     // The resources that are looked up for an image that nothing was loaded of.
     IdList LookedUpAt(UINT dpi)
@@ -86,6 +99,29 @@ UINT ModelDpi(const std::vector<UINT>& dpis, UINT dpi)
     return isAbove ? smallestAbove : largest;
 }
 } // namespace
+
+TEST_F(ImageVariants, TheChosenDpiIsToldWhetherTheImageCanBeLoadedOrNot)
+{
+    constexpr UINT kNoResource = 54321;
+    Add(96, IDR_PNG_16);
+    Add(144, kNoResource);
+    UINT chosen = 5;
+    EXPECT_NE(Ask(&chosen), nullptr);
+    EXPECT_EQ(chosen, 96u);
+    EXPECT_EQ(Ask(nullptr), Ask(&chosen));
+    m_board.SetDpi(120);
+    EXPECT_EQ(Ask(&chosen), nullptr);
+    EXPECT_EQ(chosen, 144u);
+}
+
+TEST_F(ImageVariants, NoDpiIsToldWithoutAVariant)
+{
+    UINT chosen = 5;
+    EXPECT_EQ(Ask(&chosen, kOtherImage), nullptr);
+    FieldsOf(m_board).images[kImage];
+    EXPECT_EQ(Ask(&chosen), nullptr);
+    EXPECT_EQ(chosen, 5u);
+}
 
 TEST_F(ImageVariants, AFirstVariantIsAdded)
 {
