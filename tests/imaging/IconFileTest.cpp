@@ -695,7 +695,17 @@ TEST_F(DamagedIconFile, ADirectoryWhosePagesAreNotToldIsReadAsFarAsTheyAre)
     content.AddImage(1, Image());
     content.AddWrongGroup(1, {GroupDirectory({{16, 16, 1}}, 0xFFFF), kFarTooMuch});
     const TemporaryFile file(content);
-    const FailKernelCall<decltype(::VirtualQuery)> pages("VirtualQuery", 2, SIZE_T{0});
+    const void* pEnd = nullptr;
+    const ImportSpy<decltype(::VirtualQuery)> pages(
+        VxDpiModule(), kKernel, "VirtualQuery",
+        [&](LPCVOID pAddress, PMEMORY_BASIC_INFORMATION pInfo, SIZE_T size) -> SIZE_T
+        {
+            if (pAddress == pEnd)
+                return 0;
+            const SIZE_T result = pages.Original()(pAddress, pInfo, size);
+            pEnd = static_cast<const BYTE*>(pInfo->BaseAddress) + pInfo->RegionSize;
+            return result;
+        });
     EXPECT_TRUE(HasSize(Load(file.Path(), 0, 32).get(), 16, 16));
     EXPECT_GE(pages.CallCount(), 2);
 }
