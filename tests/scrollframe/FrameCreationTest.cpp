@@ -593,24 +593,3 @@ TEST(ScrollFrameCreation, TheViewIsMadeWithAnEmptyContext)
     dialog.Run({}, [&] { dialog.Close(); });
     EXPECT_EQ(views, 1);
 }
-
-TEST(ScrollFrameCreation, AButtonIsHiddenBeforeItGetsItsProxy)
-{
-    MainWindow mainWindow;
-    StepDialog dialog;
-    bool isHidden = false;
-    const ImportSpy<decltype(::ShowWindow)> show(FrameworkModule(), "user32.dll", "ShowWindow",
-                                                 [&](HWND hWnd, int nShow)
-                                                 {
-                                                     if (hWnd == dialog.ok.m_hWnd)
-                                                     {
-                                                         isHidden = nShow == SW_HIDE;
-                                                         EXPECT_EQ(dialog.ok.SetProxyButton(nullptr),
-                                                                   nullptr);
-                                                     }
-                                                     return show.Original()(hWnd, nShow);
-                                                 });
-    dialog.Run({{&dialog.ok, IDOK}}, [&] { dialog.Close(); });
-    EXPECT_TRUE(isHidden);
-    EXPECT_NE(dialog.ok.SetProxyButton(nullptr), nullptr);
-}

@@ -490,6 +490,23 @@ TEST(ScrollFrameView, TheBackgroundIsTheColorOfButtonsWithinTheClientArea)
                });
 }
 
+TEST(ScrollFrameView, NothingIsDrawnOverTheBackground)
+{
+    MainWindow mainWindow;
+    StepDialog dialog;
+    dialog.Run({},
+               [&]
+               {
+                   const HWND view = dialog.View();
+                   ::RedrawWindow(view, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+                   const HDC hdc = ::GetDC(view);
+                   for (const int i : {0, 2, 5})
+                       EXPECT_EQ(::GetPixel(hdc, i, i), ::GetSysColor(COLOR_BTNFACE)) << i;
+                   ::ReleaseDC(view, hdc);
+                   dialog.Close();
+               });
+}
+
 TEST(ScrollFrameView, AViewWithABrushErasesItselfWhereThereIsADeviceContext)
 {
     MainWindow mainWindow;

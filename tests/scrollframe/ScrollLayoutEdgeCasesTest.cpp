@@ -153,6 +153,8 @@ TEST(ScrollLayoutEdgeCases, AHandleWithoutARecordHasNoPlace)
     EXPECT_EQ(Edges(layout.manager.GetControlRect(nullptr)), Edges(0, 0, 0, 0));
     EXPECT_EQ(Edges(layout.manager.GetControlRect(layout.parent.Handle())), Edges(0, 0, 0, 0));
     EXPECT_EQ(Edges(layout.manager.GetControlRect(layout.pControl->m_hWnd)), Edges(300, 250, 380, 280));
+    (*layout.manager.m_pLayouts)[nullptr] = RecordAt({1, 2, 30, 40});
+    EXPECT_EQ(Edges(layout.manager.GetControlRect(nullptr)), Edges(0, 0, 0, 0));
     // The base's form is not hidden.
     EXPECT_EQ(Edges(layout.manager.GetControlRect(RecordAt({1, 2, 30, 40}), CRect(0, 0, 400, 300))),
               Edges(1, 2, 30, 40));

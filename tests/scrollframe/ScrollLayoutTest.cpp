@@ -204,6 +204,20 @@ TEST(ScrollLayout, TheFirstLayoutCapturesAt96Dpi)
                            "GetControlRect(control)", "GetScaledRect({20, 40, 200, 260})"}));
 }
 
+TEST(ScrollLayout, AControlOfAPanelIsCapturedInThePanelsParent)
+{
+    LayoutParent parent(400, 300);
+    CWnd* const pPanel = parent.AddChild(7, {50, 40, 250, 240});
+    CWnd* const pControl = parent.AddChild(8, {10, 20, 110, 70});
+    ::SetParent(pControl->m_hWnd, pPanel->m_hWnd);
+    StepLayout manager(parent.Window());
+    manager.UpdateDpi(96);
+    manager.AddControl(pControl, ANCHOR_TOPLEFT, 0, FALSE);
+    manager.AdjustLayout();
+    EXPECT_EQ(Edges(manager.RecordOf(pControl).rcBase96), Edges(60, 60, 160, 110));
+    EXPECT_EQ(manager.RecordOf(pControl).nMarginRight, 240);
+}
+
 TEST(ScrollLayout, LaterLayoutsCaptureNothing)
 {
     LayoutParent parent(400, 300);
