@@ -36,6 +36,8 @@ constexpr std::size_t kIndexAt = 48;
 constexpr std::size_t kRecordAt = 62;
 constexpr std::size_t kOriginalAt = sizeof kStandIn - 10;
 
+constexpr std::size_t kBlockSize = 64 * 1024; // of memory for stand-ins
+
 bool IsFollowed(const char* dllName, const char* functionName)
 {
     static const char* const s_dlls[] = {"comctl32.dll", "gdi32.dll",  "gdiplus.dll", "msimg32.dll",
@@ -69,6 +71,7 @@ void Store(void** function, void* value)
 }
 
 CallTrace* CallTrace::s_current = nullptr;
+std::deque<CallTrace::Import> CallTrace::s_imports;
 
 CallTrace::CallTrace(const std::vector<HMODULE>& modules, HMODULE framework) : m_framework(framework)
 {
@@ -76,16 +79,16 @@ CallTrace::CallTrace(const std::vector<HMODULE>& modules, HMODULE framework) : m
         throw std::logic_error("a trace is running already");
     for (const HMODULE module : modules)
         Collect(module);
-    ReplaceAll();
+    for (const Import* const import : m_imports)
+        Store(import->function, import->standIn);
     s_current = this;
 }
 
 CallTrace::~CallTrace()
 {
     s_current = nullptr;
-    for (const Import& import : m_imports)
-        Store(import.function, import.original);
-    ::VirtualFree(m_code, 0, MEM_RELEASE);
+    for (const Import* const import : m_imports)
+        Store(import->function, import->original);
 }
 
 const CallNames& CallTrace::Calls() const
@@ -96,7 +99,7 @@ const CallNames& CallTrace::Calls() const
 bool CallTrace::FollowsFramework() const
 {
     return std::any_of(m_imports.begin(), m_imports.end(),
-                       [](const Import& import) { return import.isOfFramework; });
+                       [](const Import* import) { return import->isOfFramework; });
 }
 
 void CallTrace::Write(const std::string& name)
@@ -133,12 +136,12 @@ void CallTrace::Add(const char* dllName, const char* functionName, void** functi
 {
     if (IsFollowed(dllName, functionName))
     {
-        m_imports.push_back({function, *function, functionName, false});
+        m_imports.push_back(&StandInFor(function, functionName, false));
         return;
     }
     const std::string name = FrameworkFunctionName(functionName);
     if (!name.empty() && IsInFramework(*function))
-        m_imports.push_back({function, *function, name, true});
+        m_imports.push_back(&StandInFor(function, name, true));
 }
 
 bool CallTrace::IsInFramework(const void* code) const
@@ -149,36 +152,48 @@ bool CallTrace::IsInFramework(const void* code) const
            module == m_framework;
 }
 
-void CallTrace::ReplaceAll()
+const CallTrace::Import& CallTrace::StandInFor(void** function, const std::string& name, bool isOfFramework)
 {
-    m_code = static_cast<unsigned char*>(::VirtualAlloc(nullptr, m_imports.size() * sizeof kStandIn,
-                                                        MEM_COMMIT | MEM_RESERVE, PAGE_EXECUTE_READWRITE));
-    if (!m_code)
-        throw std::runtime_error("no memory for the stand-ins");
-    for (std::size_t index = 0; index < m_imports.size(); ++index)
-    {
-        unsigned char* const standIn = m_code + index * sizeof kStandIn;
-        WriteStandIn(standIn, index);
-        Store(m_imports[index].function, standIn);
-    }
+    const auto isThis = [&](const Import& import)
+    { return import.function == function && import.original == *function && import.name == name; };
+    const auto known = std::find_if(s_imports.begin(), s_imports.end(), isThis);
+    if (known != s_imports.end())
+        return *known;
+
+    void* const standIn = WriteStandIn(static_cast<unsigned>(s_imports.size()), *function);
+    s_imports.push_back({function, *function, name, isOfFramework, standIn});
+    return s_imports.back();
 }
 
-void CallTrace::WriteStandIn(unsigned char* code, std::size_t index) const
+void* CallTrace::WriteStandIn(unsigned index, const void* original)
 {
-    const auto number = static_cast<unsigned>(index);
+    static unsigned char* s_place = nullptr;
+    static std::size_t s_room = 0;
+    if (s_room < sizeof kStandIn)
+    {
+        s_place = static_cast<unsigned char*>(
+            ::VirtualAlloc(nullptr, kBlockSize, MEM_COMMIT | MEM_RESERVE, PAGE_EXECUTE_READWRITE));
+        s_room = s_place ? kBlockSize : 0;
+    }
+    if (!s_place)
+        throw std::runtime_error("no memory for the stand-ins");
+    unsigned char* const code = s_place;
+    s_place += sizeof kStandIn;
+    s_room -= sizeof kStandIn;
+
     const auto record = reinterpret_cast<void*>(&Record);
-    void* const original = m_imports[index].original;
     std::memcpy(code, kStandIn, sizeof kStandIn);
-    std::memcpy(code + kIndexAt, &number, sizeof number);
+    std::memcpy(code + kIndexAt, &index, sizeof index);
     std::memcpy(code + kRecordAt, &record, sizeof record);
     std::memcpy(code + kOriginalAt, &original, sizeof original);
+    return code;
 }
 
 void CallTrace::Record(unsigned index, const void* caller)
 {
     const DWORD error = ::GetLastError();
     if (s_current)
-        s_current->Take(s_current->m_imports[index], caller);
+        s_current->Take(s_imports[index], caller);
     ::SetLastError(error);
 }
 

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,9 @@ using CallNames = std::vector<std::string>;
 // With a framework, what the modules call of it is written down too, as "CWnd::GetDlgItem", unless it is
 // mere bookkeeping; see FrameworkNames.h. What the framework calls of itself is not, not even through
 // a module's tables of virtual functions.
+//
+// What stands in for an import stays for the rest of the run, and only passes calls on when no trace runs: a
+// module that is entered for the first time during a trace keeps addresses of imports, as message maps do.
 class CallTrace
 {
 public:
@@ -50,22 +54,23 @@ private:
         void* original;
         std::string name;
         bool isOfFramework;
+        void* standIn;
     };
 
+    static const Import& StandInFor(void** function, const std::string& name, bool isOfFramework);
+    static void* WriteStandIn(unsigned index, const void* original);
     static void Record(unsigned index, const void* caller);
 
     static CallTrace* s_current;
+    static std::deque<Import> s_imports; // of all traces so far
 
     void Collect(HMODULE module);
     void Add(const char* dllName, const char* functionName, void** function);
     bool IsInFramework(const void* code) const;
     void Take(const Import& import, const void* caller);
-    void WriteStandIn(unsigned char* code, std::size_t index) const;
-    void ReplaceAll();
 
     HMODULE m_framework;
-    std::vector<Import> m_imports;
-    unsigned char* m_code = nullptr; // a stand-in for each import
+    std::vector<const Import*> m_imports;
     CallNames m_calls;
 
     // The last call of the framework, and where it returns to.

@@ -155,6 +155,20 @@ TEST(CallTrace, BringsAllImportsBack)
     EXPECT_EQ(VxSafeGetDpiForWindow(nullptr), 96u);
 }
 
+TEST(CallTrace, AnAddressThatWasTakenMeanwhileStillReachesThePlatform)
+{
+    void** const slot = FindImports(VxDpiModule(), "user32.dll", "GetDpiForWindow").at(0);
+    const TestWindow window;
+    decltype(&::GetDpiForWindow) taken = nullptr;
+    {
+        const CallTrace trace({VxDpiModule()});
+        taken = reinterpret_cast<decltype(taken)>(*slot);
+    }
+    EXPECT_EQ(taken(window.Handle()), ::GetDpiForWindow(window.Handle()));
+    const CallTrace again({VxDpiModule()});
+    EXPECT_EQ(reinterpret_cast<decltype(taken)>(*slot), taken);
+}
+
 TEST(CallTrace, GoesOnToTheSpyThatItCovers)
 {
     const ImportSpy<decltype(::GetSystemMetrics)> spy(nullptr, "user32.dll", "GetSystemMetrics",
