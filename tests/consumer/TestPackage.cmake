@@ -163,10 +163,12 @@ macro(run_consumer config)
     endforeach()
 endmacro()
 
-# Answers what find_package says to a build by another compiler, or to one that needs another version.
-function(find_package_as compiler version output_variable)
+# Answers what find_package says to a build by another compiler or for another processor, or to one that needs another
+# version.
+function(find_package_as compiler processor version output_variable)
     file(WRITE ${work_dir}/Find.cmake
         "set(CMAKE_CXX_COMPILER_ID ${compiler})\nset(CMAKE_SYSTEM_NAME Windows)\n"
+        "set(CMAKE_CXX_COMPILER_ARCHITECTURE_ID ${processor})\n"
         "find_package(vxdpi ${version} CONFIG REQUIRED PATHS ${package_dir} NO_DEFAULT_PATH)\n")
     execute_process(COMMAND ${CMAKE_COMMAND} -P ${work_dir}/Find.cmake OUTPUT_VARIABLE output ERROR_VARIABLE output)
     string(REGEX REPLACE "[ \n]+" " " output "${output}")
@@ -183,11 +185,15 @@ endmacro()
 
 macro(check_refusals)
     set(version ${build_CMAKE_PROJECT_VERSION_MAJOR}.${build_CMAKE_PROJECT_VERSION_MINOR})
-    find_package_as(Other ${version} answer)
+    find_package_as(Other "" ${version} answer)
     report_match(RefusesAnotherCompilerForWindows "${answer}"
-        "this package was built by [A-Za-z]+ for Windows, not by Other for Windows")
+        "this package was built by [A-Za-z]+ for Windows( [A-Za-z0-9]+)?, not by Other for Windows")
+    string(REGEX REPLACE ".*built by ([A-Za-z]+) for.*" "\\1" builder "${answer}")
+    find_package_as(${builder} Other ${version} answer)
+    report_match(RefusesAnotherProcessor "${answer}"
+        "this package was built by ${builder} for Windows( [A-Za-z0-9]+)?, not by ${builder} for Windows Other")
     math(EXPR next "${build_CMAKE_PROJECT_VERSION_MINOR} + 1")
-    find_package_as(Other ${build_CMAKE_PROJECT_VERSION_MAJOR}.${next} answer)
+    find_package_as(Other "" ${build_CMAKE_PROJECT_VERSION_MAJOR}.${next} answer)
     report_match(RefusesToBeANewerVersion "${answer}" "compatible with requested version")
 
     if(NOT CMAKE_HOST_WIN32)
