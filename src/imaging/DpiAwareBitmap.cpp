@@ -26,7 +26,7 @@ HBITMAP LoadWithColorMap(UINT nResourceId, UINT nFlags, COLORMAP* pColorMap, int
 HBITMAP CopyToDibSection(HANDLE hBitmap)
 {
     HANDLE hCopy = ::CopyImage(hBitmap, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION | LR_COPYRETURNORG);
-    if (hCopy && hCopy == hBitmap) // a handle has one owner
+    if (hCopy == hBitmap) // a handle has one owner
         hCopy = ::CopyImage(hBitmap, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION);
     return static_cast<HBITMAP>(hCopy);
 }

@@ -714,7 +714,11 @@ TEST(ScrollFrameWindow, AFrameWhoseWindowIsDestroyedFromOutsideEndsItsLoop)
                    frame = dialog.Frame();
                    view = dialog.View();
                    ::PostMessageW(mainWindow.Handle(), WM_NULL, 0, 0);
+                   CWnd* const pFrame = CWnd::FromHandlePermanent(frame);
+                   ASSERT_NE(pFrame, nullptr);
+                   EXPECT_TRUE(pFrame->ContinueModal());
                    ::DestroyWindow(frame);
+                   EXPECT_FALSE(pFrame->ContinueModal()); // the object goes with the loop
                });
     EXPECT_FALSE(::IsWindow(frame));
     EXPECT_FALSE(::IsWindow(view));
